@@ -1,0 +1,171 @@
+#include "compare/scanned_tree.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/paths.h"
+
+namespace compare {
+
+namespace {
+constexpr std::size_t kRecentFolders = 16;
+}
+
+void ScanTroubles::AddUnreadable(platform::Outcome outcome) {
+    ++UnreadableCount;
+    if (UnreadableFolders.size() < kMostNamed) UnreadableFolders.push_back(std::move(outcome));
+}
+
+ScannedTree::ScannedTree(platform::FileSystem& files, platform::TextArena& names,
+                         ScanTroubles& troubles, std::string root)
+    : files_(files),
+      names_(names),
+      troubles_(troubles),
+      rootPath_(std::move(root)),
+      folders_(1),
+      recent_(kRecentFolders) {}
+
+void ScannedTree::List(ScannedFolder& folder) {
+    if (folder.Listed) return;
+    folder.Listed = true;
+
+    platform::Outcome outcome;
+    listing_.Entries.clear();
+    listing_.Statuses.clear();
+    if (platform::Folder* opened = Open(folder))
+        outcome = opened->List(names_, listing_);
+    else
+        outcome = openFailure_;
+    if (!outcome.Ok()) {
+        folder.Readable = false;
+        outcome.Path = PathOf(folder);
+        troubles_.AddUnreadable(std::move(outcome));
+    }
+
+    const auto& entries = listing_.Entries;
+    const auto fileCount =
+        std::count_if(entries.begin(), entries.end(), [](const platform::FolderEntry& entry) {
+            return entry.Kind != platform::EntryKind::Folder;
+        });
+    folder.Files.reserve(static_cast<std::size_t>(fileCount));
+    folder.Subfolders.reserve(entries.size() - static_cast<std::size_t>(fileCount));
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        AddEntry(folder, entries[i], listing_.Statuses.empty() ? nullptr : &listing_.Statuses[i]);
+}
+
+void ScannedTree::AddEntry(ScannedFolder& folder, const platform::FolderEntry& entry,
+                           const platform::FileStatus* status) {
+    if (entry.Kind == platform::EntryKind::Folder) {
+        folder.Subfolders.push_back(&AddSubfolder(folder, entry.Name, entry.Length));
+        return;
+    }
+    const bool link = entry.Kind == platform::EntryKind::Link;
+    if (link) {
+        platform::Folder* opened = Open(folder);
+        if (opened && opened->IsFolder(entry.Name)) {
+            ScannedFolder& target = AddSubfolder(folder, entry.Name, entry.Length);
+            if (!LeadsBackUp(target)) folder.Subfolders.push_back(&target);
+            return;
+        }
+    }
+    if (platform::IsTemporaryName(entry.Text())) {
+        troubles_.Leftovers.push_back(PathOf(folder) + entry.Name);
+        return;
+    }
+    ScannedFile file;
+    file.Name = entry.Name;
+    file.Length = entry.Length;
+    file.Link = link;
+    folder.Files.push_back(file);
+    if (status) folder.Statuses.push_back(*status);
+}
+
+ScannedFolder& ScannedTree::AddSubfolder(ScannedFolder& parent, const char* name,
+                                         std::uint16_t length) {
+    ScannedFolder& subfolder = folders_.emplace_back();
+    subfolder.Parent = &parent;
+    subfolder.Name = name;
+    subfolder.Length = length;
+    return subfolder;
+}
+
+ScannedFolder* ScannedTree::Probe(ScannedFolder& parent, const ScannedFolder& like) {
+    platform::Folder* opened = Open(parent);
+    if (!opened || !opened->IsFolder(like.Name)) return nullptr;
+    return &AddSubfolder(parent, like.Name, like.Length);
+}
+
+// A link to one of its own ancestors would be walked for ever.
+bool ScannedTree::LeadsBackUp(ScannedFolder& link) {
+    const auto identity = IdentityOf(link);
+    if (!identity) return false;
+    for (ScannedFolder* above = link.Parent; above; above = above->Parent)
+        if (IdentityOf(*above) == identity) return true;
+    return false;
+}
+
+std::optional<platform::FolderIdentity> ScannedTree::IdentityOf(ScannedFolder& folder) {
+    if (!folder.Identity)
+        if (platform::Folder* opened = Open(folder)) folder.Identity = opened->Identity();
+    return folder.Identity;
+}
+
+platform::Folder* ScannedTree::OpenRecent(const ScannedFolder& folder) {
+    if (recent_[lastUsed_].Of == &folder) return recent_[lastUsed_].Handle.get();
+    for (std::size_t i = 0; i < recent_.size(); ++i) {
+        if (recent_[i].Of != &folder) continue;
+        lastUsed_ = i;
+        return recent_[i].Handle.get();
+    }
+    return nullptr;
+}
+
+platform::Folder* ScannedTree::Open(ScannedFolder& folder) {
+    if (platform::Folder* opened = OpenRecent(folder)) return opened;
+    openFailure_ = {};
+    if (!folder.Parent) return Keep(folder, files_.OpenFolder(rootPath_, openFailure_));
+
+    // From the nearest open folder above, or from the root.
+    std::vector<const ScannedFolder*> way{&folder};
+    ScannedFolder* above = folder.Parent;
+    while (above->Parent && !OpenRecent(*above)) {
+        way.push_back(above);
+        above = above->Parent;
+    }
+    std::string relative;
+    for (auto step = way.rbegin(); step != way.rend(); ++step) {
+        if (!relative.empty()) relative += platform::Separator;
+        relative += (*step)->Text();
+    }
+    platform::Folder* from = Open(*above);
+    if (!from) return nullptr;
+    return Keep(folder, from->Open(relative.c_str(), openFailure_));
+}
+
+// Replaces the open folder kept longest, but never the root.
+platform::Folder* ScannedTree::Keep(ScannedFolder& folder,
+                                    std::unique_ptr<platform::Folder> opened) {
+    if (!opened) return nullptr;
+    std::size_t place = 0;
+    if (folder.Parent) {
+        nextReplaced_ = nextReplaced_ % (kRecentFolders - 1) + 1;
+        place = nextReplaced_;
+    }
+    recent_[place] = {&folder, std::move(opened)};
+    lastUsed_ = place;
+    return recent_[place].Handle.get();
+}
+
+std::string ScannedTree::PathOf(const ScannedFolder& folder) const {
+    std::vector<const ScannedFolder*> way;
+    for (const ScannedFolder* step = &folder; step->Parent; step = step->Parent)
+        way.push_back(step);
+    std::string path = rootPath_;
+    for (auto step = way.rbegin(); step != way.rend(); ++step) {
+        path += (*step)->Text();
+        path += platform::Separator;
+    }
+    return path;
+}
+
+}  // namespace compare
