@@ -70,8 +70,8 @@ class Folder {
 
     virtual bool IsFolder(const char* name) = 0;
 
-    // The subfolder of this name; null with `outcome` set when it cannot be opened.
-    virtual std::unique_ptr<Folder> Open(const char* name, Outcome& outcome) = 0;
+    // The subfolder of this relative path; null with `outcome` set when it cannot be opened.
+    virtual std::unique_ptr<Folder> Open(const char* relativePath, Outcome& outcome) = 0;
 
     virtual std::optional<FolderIdentity> Identity() = 0;
 };
