@@ -1,5 +1,5 @@
-# How every file of ours is compiled and linked. Targets link varnel_compiler; `cli_static` says how the
-# command line program is linked in a release.
+# How every file of ours is compiled and linked: targets link varnel_compiler; cli_static is the
+# link option that makes the command line program static in a release.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -34,13 +34,14 @@ else()
     -fPIE "$<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
   target_link_options(varnel_compiler INTERFACE -Wl,-z,relro,-z,now)
 
-  # A static program starts about twice as fast and runs on every distribution.
+  # A static program starts faster and runs on every distribution.
   include(CheckCXXSourceCompiles)
   foreach(mode static-pie static)
     set(CMAKE_REQUIRED_FLAGS -fPIE)
     set(CMAKE_REQUIRED_LINK_OPTIONS -${mode})
     string(MAKE_C_IDENTIFIER "VARNEL_LINKS_${mode}" works)
-    check_cxx_source_compiles("#include <thread>\nint main() { std::thread([] {}).join(); }" ${works})
+    check_cxx_source_compiles(
+      "#include <thread>\nint main() { std::thread([] {}).join(); }" ${works})
     if(${works})
       set(cli_static -${mode})
       break()

@@ -1,4 +1,5 @@
-# Builds for Windows on Debian with g++-mingw-w64-x86-64-posix; the win32 thread model has no std::thread.
+# Builds for Windows on Debian with g++-mingw-w64-x86-64-posix: the win32 thread model has no
+# std::thread.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)  # for GoogleTest
