@@ -1,0 +1,78 @@
+#include "sync/sync_refresh.h"
+
+#include <cstdlib>
+#include <string>
+#include <utility>
+
+#include "sync/transfer_workers.h"
+
+namespace sync {
+
+namespace {
+
+using compare::CompareItem;
+using compare::CompareTable;
+using compare::ItemList;
+namespace code = compare::code;
+
+bool WithinTwoSeconds(platform::FileTime a, platform::FileTime b) {
+    if (a > b) std::swap(a, b);
+    const std::int64_t seconds = b.Seconds - a.Seconds;
+    return seconds < 2 || (seconds == 2 && b.Nanoseconds < a.Nanoseconds);
+}
+
+bool Succeeded(const CompareItem& item) {
+    return item.HasSize1() && item.HasSize2() && item.Bytes1 == item.Bytes2 &&
+           WithinTwoSeconds(item.Time1, item.Time2);
+}
+
+}  // namespace
+
+ItemList HandledRows(const ItemList& worked, compare::SyncMode mode, compare::Category category,
+                     std::int32_t count) {
+    ItemList handled;
+    handled.reserve(static_cast<std::size_t>(count));
+    for (const CompareItem& item : worked) {
+        if (CompareTable::Count(handled) == count) break;
+        if (ActsOn(mode, category, item.Code)) handled.push_back(item);
+    }
+    return handled;
+}
+
+void SyncRefresh::Run(ItemList handled) {
+    table_.ClearSyncLists();
+    for (CompareItem& item : handled) {
+        Examine(item);
+        host_.DoEvents();
+    }
+    table_.SyncAllList = std::move(handled);
+    SyncTotalCount = CompareTable::Count(table_.SyncAllList);
+    SyncFailCount = CompareTable::Count(table_.FailList);
+    ShowTallies();
+}
+
+void SyncRefresh::Examine(CompareItem& item) {
+    const platform::FileStatus file1 = files_.Look(item.Path1());
+    const platform::FileStatus file2 = files_.Look(item.Path2());
+    item.Time1 = file1.Time;
+    item.Time2 = file2.Time;
+    item.Bytes1 = file1.Size;
+    item.Bytes2 = file2.Size;
+    const bool rightward = code::IsRightward(item.Code);
+    if (Succeeded(item)) {
+        (rightward ? table_.SyncLrList : table_.SyncRlList).push_back(item);
+    } else {
+        item.Code = rightward ? code::kFailedRight : code::kFailedLeft;
+        table_.FailList.push_back(item);
+    }
+}
+
+void SyncRefresh::ShowTallies() {
+    const auto tally = [](const ItemList& list) { return std::to_string(list.size()); };
+    labels_.LabelNewFile.SetCaption("Sync --> ( " + tally(table_.SyncLrList) + " ) ");
+    labels_.LabelChgFile.SetCaption("( " + tally(table_.SyncRlList) + " ) <-- Sync");
+    labels_.LabelNewChgFile.SetCaption("Sync Fail ( " + tally(table_.FailList) + " ) ");
+    labels_.LabelAllFile.SetCaption("Sync Total ( " + tally(table_.SyncAllList) + " ) ");
+}
+
+}  // namespace sync

@@ -1,0 +1,85 @@
+#include "sync/transfer_workers.h"
+
+#include <cstddef>
+
+namespace sync {
+
+using compare::Category;
+using compare::SyncMode;
+namespace code = compare::code;
+
+platform::Button& SyncPanel::StopButton(SyncMode mode) {
+    switch (mode) {
+        case SyncMode::Left:
+            return Command9;
+        case SyncMode::Right:
+            return Command8;
+        case SyncMode::Double:
+            break;
+    }
+    return Command10;
+}
+
+bool ActsOn(SyncMode mode, Category category, std::int16_t code) {
+    const bool copies = category == Category::New || category == Category::NewChg;
+    const bool replaces = category != Category::New;
+    const bool known = (copies && (code == code::kCopyRight || code == code::kCopyLeft)) ||
+                       (replaces && (code == code::kReplaceRight || code == code::kReplaceLeft));
+    if (!known) return false;
+    if (mode == SyncMode::Double) return true;
+    return mode == SyncMode::Left ? code::IsRightward(code) : code::IsLeftward(code);
+}
+
+void TransferWorkers::Run(SyncMode mode, Category category, const std::string& root1,
+                          const std::string& root2) {
+    compare::CompareTable& table = parts_.Table;
+    table.StopRequested = false;
+    for (platform::Button* button :
+         {&parts_.Panel.Command4, &parts_.Panel.Command5, &parts_.Panel.Command6})
+        button->SetVisible(false);
+    parts_.Panel.StopButton(mode).SetVisible(true);
+    parts_.lblComparing.SetCaption("Sync ...");
+    parts_.lblComparing.SetVisible(true);
+    parts_.lblComparing.BringToFront();
+    parts_.LabelAllFile.SetVisible(false);
+    parts_.Host.DoEvents();
+
+    const compare::ItemList& list = table.ListOf(category);
+    std::int32_t& pending = table.PendingCount(mode, category);
+    for (std::size_t i = 0; i < list.size() && !table.StopRequested; ++i) {
+        parts_.Host.DoEvents();
+        if (list[i].Code == code::kSame) continue;
+        if (ActsOn(mode, category, list[i].Code)) {
+            --pending;
+            parts_.lblComparing.SetCaption(std::to_string(pending));
+            Transfer(list[i], root1, root2);
+        }
+        parts_.Host.DoEvents();
+    }
+
+    parts_.lblComparing.SetCaption("OK");
+    parts_.lblComparing.SetVisible(false);
+    parts_.LabelAllFile.SetVisible(true);
+}
+
+void TransferWorkers::Transfer(const compare::CompareItem& item, const std::string& root1,
+                               const std::string& root2) {
+    switch (item.Code) {
+        case code::kCopyRight:
+            operations_.CopyToCounterpart(item.Path1(), root1, root2);
+            break;
+        case code::kCopyLeft:
+            operations_.CopyToCounterpart(item.Path2(), root2, root1);
+            break;
+        case code::kReplaceRight:
+            operations_.CopyOneFile(item.Path1(), item.Path2());
+            break;
+        case code::kReplaceLeft:
+            operations_.CopyOneFile(item.Path2(), item.Path1());
+            break;
+        default:
+            break;
+    }
+}
+
+}  // namespace sync
