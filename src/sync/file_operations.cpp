@@ -2,7 +2,7 @@
 
 #include "platform/paths.h"
 
-namespace sync {
+namespace syncing {
 
 bool FileOperations::CopyOneFile(const std::string& from, const std::string& to) {
     if (!rules::PassesCopyFilter(filter_, from)) return false;
@@ -36,4 +36,4 @@ void FileOperations::CreateOneFolder(const std::string& folderPath) {
     files_.CreateFolder(folderPath);
 }
 
-}  // namespace sync
+}  // namespace syncing

@@ -8,7 +8,7 @@
 #include "platform/forms.h"
 #include "rules/file_filter.h"
 
-namespace sync {
+namespace syncing {
 
 class FileOperations {
   public:
@@ -36,4 +36,4 @@ class FileOperations {
     const rules::FileFilter& filter_;
 };
 
-}  // namespace sync
+}  // namespace syncing

@@ -3,7 +3,7 @@
 #include <array>
 #include <utility>
 
-namespace sync {
+namespace syncing {
 
 namespace {
 
@@ -87,13 +87,15 @@ void SyncCommands::Sync(Mode mode) {
     parts_.TextFileName.SetText("");
     syncMode_ = ModeText(mode);
     const auto category = CategoryOfView(parts_.Owner.CurrentView());
-    if (!category || parts_.Table.ListOf(*category).empty()) return;
+    if (!category) return;
+    parts_.Owner.RemoveLeftovers();
+    if (parts_.Table.ListOf(*category).empty()) return;
     if (CountPending(mode, *category) == 0) {
         SayNothingToDo(mode, *category);
         return;
     }
     Work(mode, *category);
-    Report(mode);
+    if (!parts_.Owner.Closing()) Report(mode);
     ShowIdleButtons();
 }
 
@@ -119,7 +121,6 @@ void SyncCommands::SayNothingToDo(Mode mode, Category category) {
 void SyncCommands::Work(Mode mode, Category category) {
     compare::CompareTable& table = parts_.Table;
     const std::int32_t before = table.PendingCount(mode, category);
-    parts_.Owner.RemoveLeftovers();
     workers_.Run(mode, category, parts_.Owner.Root1(), parts_.Owner.Root2());
     // Taken before the rebuild: it brings back the codes of rows turned round in NewChg alone.
     compare::ItemList handled = HandledRows(table.ListOf(category), mode, category,
@@ -170,4 +171,4 @@ void SyncCommands::ShowIdleButtons() {
         button->SetVisible(true);
 }
 
-}  // namespace sync
+}  // namespace syncing

@@ -15,7 +15,7 @@
 #include "sync/sync_refresh.h"
 #include "sync/transfer_workers.h"
 
-namespace sync {
+namespace syncing {
 
 // What the commands need of the window that they run in.
 class SyncOwner {
@@ -28,6 +28,8 @@ class SyncOwner {
     virtual void ShowFromStart(std::string_view viewCode) = 0;
     // Removes what earlier copies that were killed left behind in the two trees.
     virtual void RemoveLeftovers() = 0;
+    // The window is about to go: no message is shown any more.
+    virtual bool Closing() const = 0;
 };
 
 class SyncCommands {
@@ -78,4 +80,4 @@ class SyncCommands {
 // The category that a view code names, if any.
 std::optional<compare::Category> CategoryOfView(std::string_view viewCode);
 
-}  // namespace sync
+}  // namespace syncing

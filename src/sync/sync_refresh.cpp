@@ -6,7 +6,7 @@
 
 #include "sync/transfer_workers.h"
 
-namespace sync {
+namespace syncing {
 
 namespace {
 
@@ -75,4 +75,4 @@ void SyncRefresh::ShowTallies() {
     labels_.LabelAllFile.SetCaption("Sync Total ( " + tally(table_.SyncAllList) + " ) ");
 }
 
-}  // namespace sync
+}  // namespace syncing

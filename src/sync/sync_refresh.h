@@ -8,7 +8,7 @@
 #include "platform/files.h"
 #include "platform/forms.h"
 
-namespace sync {
+namespace syncing {
 
 // The category labels, which show the tallies.
 struct TallyLabels {
@@ -47,4 +47,4 @@ class SyncRefresh {
     TallyLabels labels_;
 };
 
-}  // namespace sync
+}  // namespace syncing

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-namespace sync {
+namespace syncing {
 
 using compare::Category;
 using compare::SyncMode;
@@ -82,4 +82,4 @@ void TransferWorkers::Transfer(const compare::CompareItem& item, const std::stri
     }
 }
 
-}  // namespace sync
+}  // namespace syncing

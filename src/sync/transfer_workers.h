@@ -10,7 +10,7 @@
 #include "rules/file_filter.h"
 #include "sync/file_operations.h"
 
-namespace sync {
+namespace syncing {
 
 // The controls that synchronising alone drives.
 struct SyncPanel {
@@ -56,4 +56,4 @@ class TransferWorkers {
     FileOperations operations_;
 };
 
-}  // namespace sync
+}  // namespace syncing
