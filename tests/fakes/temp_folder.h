@@ -1,0 +1,56 @@
+// A folder of real files for one test, below the system's temporary folder.
+//
+// Relative paths are written with "/" on every system. A name may hold what the system allows, and
+// paths may be of any length. What a test cannot prepare is thrown as an exception.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/file_time.h"
+
+namespace fakes {
+
+class TempFolder {
+  public:
+    TempFolder();
+    ~TempFolder();  // removes everything in it, read-only or not
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    // The full path, as the program is given it. The folder's own without `relative`.
+    std::string Path(std::string_view relative = {}) const;
+
+    // Missing folders above are made; an existing file is overwritten.
+    void WriteFile(std::string_view relative, std::string_view content) const;
+    void WriteFile(std::string_view relative, std::string_view content,
+                   platform::FileTime time) const;
+    void MakeFolder(std::string_view relative) const;
+
+    // The modification time of a file or a folder.
+    void SetTime(std::string_view relative, platform::FileTime time) const;
+
+    // Marks a file read-only, or writable again.
+    void SetReadOnly(std::string_view relative, bool readOnly) const;
+
+    void Remove(std::string_view relative) const;  // a file
+
+    // A file's bytes; nothing when it is missing or a folder.
+    std::optional<std::string> Read(std::string_view relative) const;
+
+    // A file, a folder or a link, broken or not.
+    bool Exists(std::string_view relative) const;
+
+    // What stands in a folder, sorted.
+    std::vector<std::string> Names(std::string_view relative = {}) const;
+
+  private:
+    std::string root_;
+};
+
+// "2020-01-02 03:04:05 UTC"; up to nine digits may follow the seconds after a point.
+platform::FileTime Time(const char* text);
+
+}  // namespace fakes
