@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "fakes/layout_faults.h"
 #include "platform/headless/headless_host.h"
 
 namespace rules {
@@ -171,6 +172,10 @@ TEST_F(FilterDialogTest, CancelKeepsTheFilterAndForgetsTheEdits) {
         EXPECT_EQ(dialog.List1.Entries(), Entries{"jpg"});
         EXPECT_EQ(dialog.TextAddto.Text(), "");
     });
+}
+
+TEST_F(FilterDialogTest, ItsControlsFit) {
+    EXPECT_EQ(fakes::LayoutFaults(dialog.FormFilter), Entries());
 }
 
 TEST(DescribeFileFilter, NamesTheModeAndTheExtensions) {
