@@ -1,6 +1,7 @@
 #include "grid/grid_page.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "platform/paths.h"
 
@@ -107,8 +108,31 @@ void GridPage::ScrollToRow(std::int32_t row) {
     const std::int32_t target = std::max(0, std::min(row, last));
     if (target == FirstRow) return;
     FirstRow = target;
-    controls_.VScroll1.SetValue(std::min(target / rowsPerStep_, controls_.VScroll1.Maximum()));
+    ShowScrollPosition();
     owner_.RedrawView();
+}
+
+void GridPage::ScrollByKey(platform::ScrollKey key) {
+    using platform::ScrollKey;
+    switch (key) {
+        case ScrollKey::LineUp:
+            return ScrollByRows(-1);
+        case ScrollKey::LineDown:
+            return ScrollByRows(1);
+        case ScrollKey::PageUp:
+            return ScrollByRows(-kPageRows);
+        case ScrollKey::PageDown:
+            return ScrollByRows(kPageRows);
+        case ScrollKey::Home:
+            return ScrollToRow(0);
+        case ScrollKey::End:
+            break;
+    }
+    ScrollToRow(std::numeric_limits<std::int32_t>::max());
+}
+
+void GridPage::ShowScrollPosition() {
+    controls_.VScroll1.SetValue(std::min(FirstRow / rowsPerStep_, controls_.VScroll1.Maximum()));
 }
 
 void GridPage::PointAt(int row, platform::PointerPosition position) {

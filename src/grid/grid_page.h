@@ -76,6 +76,10 @@ class GridPage {
     // Shows the page that begins at `row` (kept within the list), wherever scroll steps lie.
     void ScrollToRow(std::int32_t row);
     void ScrollByRows(std::int32_t rows) { ScrollToRow(FirstRow + rows); }
+    void ScrollByKey(platform::ScrollKey key);
+
+    // Puts the scroll bar where the page is.
+    void ShowScrollPosition();
 
     void ResetRowColors(int row);
     void HoverRow(int row);

@@ -1,0 +1,247 @@
+#include "app/cli_rows.h"
+
+#include <cstdint>
+
+#include "platform/console.h"
+
+namespace app {
+
+namespace {
+
+constexpr std::size_t kLargeOutput = 1024 * 1024;
+constexpr std::size_t kDirectionWidth = 13;
+constexpr char kHexDigits[] = "0123456789abcdef";
+
+bool IsContinuation(unsigned char byte) {
+    return (byte & 0xC0) == 0x80;
+}
+
+// The length of the valid UTF-8 character of two bytes or more at the front; 0 when there is none.
+std::size_t LongCharacter(std::string_view text) {
+    const auto byte = [text](std::size_t i) {
+        return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U;
+    };
+    const unsigned first = byte(0);
+    const unsigned second = byte(1);
+    if (first >= 0xC2 && first <= 0xDF)
+        return IsContinuation(text.size() > 1 ? text[1] : 0) ? 2 : 0;
+    if (first >= 0xE0 && first <= 0xEF) {
+        const unsigned low = first == 0xE0 ? 0xA0 : 0x80;
+        const unsigned high = first == 0xED ? 0x9F : 0xBF;  // no surrogates
+        return second >= low && second <= high && (byte(2) & 0xC0) == 0x80 ? 3 : 0;
+    }
+    if (first >= 0xF0 && first <= 0xF4) {
+        const unsigned low = first == 0xF0 ? 0x90 : 0x80;
+        const unsigned high = first == 0xF4 ? 0x8F : 0xBF;
+        return second >= low && second <= high && (byte(2) & 0xC0) == 0x80 &&
+                       (byte(3) & 0xC0) == 0x80
+                   ? 4
+                   : 0;
+    }
+    return 0;
+}
+
+void AppendHex(unsigned char byte, std::string& text) {
+    text += kHexDigits[byte >> 4];
+    text += kHexDigits[byte & 15];
+}
+
+// The C1 controls and the marks that turn the reading direction.
+bool SteersTerminal(std::string_view character) {
+    if (character.size() == 2)
+        return character[0] == '\xC2' && static_cast<unsigned char>(character[1]) < 0xA0;
+    if (character.size() != 3 || character[0] != '\xE2') return false;
+    const unsigned code = (static_cast<unsigned char>(character[1]) & 0x3FU) << 6 |
+                          (static_cast<unsigned char>(character[2]) & 0x3FU) | 0x2000U;
+    return code == 0x200E || code == 0x200F || (code >= 0x2028 && code <= 0x202E) ||
+           (code >= 0x2066 && code <= 0x2069);
+}
+
+void AppendJsonControl(unsigned char byte, std::string& text) {
+    switch (byte) {
+        case '\n':
+            text += "\\n";
+            return;
+        case '\r':
+            text += "\\r";
+            return;
+        case '\t':
+            text += "\\t";
+            return;
+        default:
+            text += "\\u00";
+            AppendHex(byte, text);
+    }
+}
+
+}  // namespace
+
+void CliOutput::FlushIfLarge() {
+    if (pending_.size() >= kLargeOutput) Flush();
+}
+
+bool CliOutput::Flush() {
+    if (!failed_ && !pending_.empty())
+        failed_ = !platform::WriteAll(platform::Stream::Output, pending_);
+    pending_.clear();
+    return !failed_;
+}
+
+void AppendTsvField(std::string_view field, std::string& text) {
+    for (const char c : field) {
+        switch (c) {
+            case '\t':
+                text += "\\t";
+                break;
+            case '\n':
+                text += "\\n";
+                break;
+            case '\r':
+                text += "\\r";
+                break;
+            case '\\':
+                text += "\\\\";
+                break;
+            default:
+                text += c;
+        }
+    }
+}
+
+void AppendJsonText(std::string_view value, std::string& text) {
+    text += '"';
+    std::size_t plain = 0;  // where what needs no escape begins
+    std::size_t at = 0;
+    while (at < value.size()) {
+        const auto byte = static_cast<unsigned char>(value[at]);
+        if (byte >= 0x20 && byte < 0x80 && byte != '"' && byte != '\\') {
+            ++at;
+            continue;
+        }
+        if (const std::size_t length = byte < 0x80 ? 0 : LongCharacter(value.substr(at))) {
+            at += length;
+            continue;
+        }
+        text.append(value, plain, at - plain);
+        if (byte >= 0x80) {
+            text += "\\udc";
+            AppendHex(byte, text);
+        } else if (byte >= 0x20) {
+            text += '\\';
+            text += value[at];
+        } else {
+            AppendJsonControl(byte, text);
+        }
+        plain = ++at;
+    }
+    text.append(value, plain, at - plain);
+    text += '"';
+}
+
+std::string TerminalText(std::string_view text) {
+    std::string safe;
+    for (std::size_t at = 0; at < text.size();) {
+        const auto byte = static_cast<unsigned char>(text[at]);
+        const std::size_t length = byte >= 0x20 && byte < 0x7F ? 1
+                                   : byte < 0x80               ? 0
+                                                               : LongCharacter(text.substr(at));
+        const std::string_view character = text.substr(at, length == 0 ? 1 : length);
+        if (length == 0 || SteersTerminal(character)) {
+            for (const char c : character) {
+                safe += "\\x";
+                AppendHex(static_cast<unsigned char>(c), safe);
+            }
+        } else {
+            safe += character;
+        }
+        at += character.size();
+    }
+    return safe;
+}
+
+void RowPrinter::PrintHeader() {
+    if (format_ == RowFormat::Tsv)
+        output_.Pending() += "code\tdirection\tpath1\tdate1\tsize1\tpath2\tdate2\tsize2\n";
+}
+
+void RowPrinter::Print(const compare::CompareItem& item, std::string_view direction) {
+    switch (format_) {
+        case RowFormat::Text:
+            PrintText(item, direction);
+            break;
+        case RowFormat::Tsv:
+            PrintTsv(item, direction);
+            break;
+        case RowFormat::Json:
+            PrintJson(item, direction);
+            break;
+    }
+    output_.Pending() += '\n';
+    output_.FlushIfLarge();
+}
+
+void RowPrinter::PrintText(const compare::CompareItem& item, std::string_view direction) {
+    std::string& text = output_.Pending();
+    text += direction;
+    text.append(kDirectionWidth - direction.size() + 1, ' ');
+    if (toTerminal_)
+        text += TerminalText(item.RelativePath());
+    else
+        item.AppendRelativePath(text);
+}
+
+void RowPrinter::PrintTsv(const compare::CompareItem& item, std::string_view direction) {
+    std::string& text = output_.Pending();
+    const auto putPath = [&](void (compare::CompareItem::*append)(std::string&) const) {
+        scratch_.clear();
+        (item.*append)(scratch_);
+        text += '\t';
+        const std::size_t start = text.size();
+        AppendTsvField(scratch_, text);
+        if (toTerminal_) {
+            const std::string safe = TerminalText(std::string_view(text).substr(start));
+            text.replace(start, std::string::npos, safe);
+        }
+    };
+    text += std::to_string(item.Code);
+    text += '\t';
+    text += direction;
+    putPath(&compare::CompareItem::AppendPath1);
+    text += '\t';
+    item.AppendDate1(text);
+    text += '\t';
+    item.AppendSize1(text);
+    putPath(&compare::CompareItem::AppendPath2);
+    text += '\t';
+    item.AppendDate2(text);
+    text += '\t';
+    item.AppendSize2(text);
+}
+
+void RowPrinter::PrintJson(const compare::CompareItem& item, std::string_view direction) {
+    std::string& text = output_.Pending();
+    const auto putPath = [&](void (compare::CompareItem::*append)(std::string&) const) {
+        scratch_.clear();
+        (item.*append)(scratch_);
+        AppendJsonText(scratch_, text);
+    };
+    text += "{\"code\": ";
+    text += std::to_string(item.Code);
+    text += ", \"direction\": \"";
+    text += direction;
+    text += "\", \"path1\": ";
+    putPath(&compare::CompareItem::AppendPath1);
+    text += ", \"date1\": \"";
+    item.AppendDate1(text);
+    text += "\", \"size1\": \"";
+    item.AppendSize1(text);
+    text += "\", \"path2\": ";
+    putPath(&compare::CompareItem::AppendPath2);
+    text += ", \"date2\": \"";
+    item.AppendDate2(text);
+    text += "\", \"size2\": \"";
+    item.AppendSize2(text);
+    text += "\"}";
+}
+
+}  // namespace app

@@ -1,0 +1,123 @@
+#include "app/cli_session.h"
+
+#include "app/cli_rows.h"
+#include "platform/console.h"
+
+namespace app {
+
+namespace {
+
+using platform::Stream;
+
+constexpr long long kYieldsPerLook = 64;   // at the clock
+constexpr long long kCountdownPace = 100;  // milliseconds
+
+}  // namespace
+
+void WriteError(std::string_view text) {
+    const bool terminal = platform::IsTerminal(Stream::Error);
+    std::string lines;
+    while (!text.empty()) {
+        const std::size_t end = text.find("\r\n");
+        std::string_view line = text.substr(0, end);
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 2);
+        line = line.substr(0, line.find_last_not_of(' ') + 1);
+        lines += terminal ? TerminalText(line) : std::string(line);
+        lines += '\n';
+    }
+    platform::WriteAll(Stream::Error, lines);
+}
+
+CliSession::CliSession(bool noHistory)
+    : noHistory_(noHistory),
+      showsCountdown_(platform::IsTerminal(Stream::Error)),
+      store_(platform::OpenSystemRegistry()),
+      registry_(*store_) {
+    platform::CatchInterrupts();
+    host_.OnYield = [this](long long yields) { OnYield(yields); };
+    dialogs_.OnMessage = [this](const platform::Message& message) { OnMessage(message); };
+    form_ = std::make_unique<FormMain>(
+        FormMain::Environment{host_, platform::SystemFiles(), registry_, dialogs_, shell_});
+    form_->Load("");
+    form_->Filter = {};  // not that of the pair remembered first
+}
+
+bool CliSession::SetFilter(const CliOptions& options) {
+    if (!options.HasOnly && !options.HasExclude) return true;
+    rules::FilterDialog& dialog = form_->FilterDialog;
+    host_.OnModal = [&](platform::Form&) {
+        (options.HasOnly ? dialog.OptionOnly : dialog.OptionExc).Click();
+        dialog.TextAddto.Type(options.FilterList);
+        dialog.Command1.Click();
+        dialog.CommandOK.Click();
+    };
+    dialog.Edit(form_->Window);
+    return dialogs_.Messages.empty();
+}
+
+void CliSession::Remember() {
+    if (!noHistory_) registry_.Commit();
+}
+
+void CliSession::ReportTroubles() {
+    const compare::ScanTroubles& troubles = form_->Comparison().Troubles();
+    for (const platform::Outcome& outcome : troubles.UnreadableFolders)
+        Say("cannot read folder '" + outcome.Path + "': " + outcome.Reason);
+    const auto named = static_cast<std::int64_t>(troubles.UnreadableFolders.size());
+    if (troubles.UnreadableCount > named)
+        Say("cannot read " + std::to_string(troubles.UnreadableCount - named) + " more folders");
+}
+
+// Called several times a file: the clock is looked at only now and then.
+void CliSession::OnYield(long long yields) {
+    if (platform::InterruptRequested() && !stopped_) PressStop();
+    if (showsCountdown_ && (yields % kYieldsPerLook == 0 || !form_->lblComparing.Visible()))
+        ShowCountdown();
+}
+
+void CliSession::PressStop() {
+    stopped_ = true;
+    for (platform::Button* button : {static_cast<platform::Button*>(&form_->Command8),
+                                     static_cast<platform::Button*>(&form_->Command9),
+                                     static_cast<platform::Button*>(&form_->Command10)})
+        button->Click();
+    if (form_->Command3.Caption() == "Stop") form_->Command3.Click();
+}
+
+void CliSession::ShowCountdown() {
+    if (!form_->lblComparing.Visible()) {
+        WipeCountdown();
+        return;
+    }
+    const long long now = platform::CoarseMilliseconds();
+    if (now - countdownShownAt_ < kCountdownPace) return;
+    countdownShownAt_ = now;
+    std::string line = "\r" + form_->lblComparing.Caption();
+    const std::size_t length = line.size() - 1;
+    if (length < countdownLength_) line.append(countdownLength_ - length, ' ');
+    countdownLength_ = std::max(countdownLength_, length);
+    platform::WriteAll(Stream::Error, line);
+}
+
+void CliSession::WipeCountdown() {
+    if (countdownLength_ == 0) return;
+    platform::WriteAll(Stream::Error, "\r" + std::string(countdownLength_, ' ') + "\r");
+    countdownLength_ = 0;
+}
+
+// A result is part of the summary and goes out with it.
+void CliSession::OnMessage(const platform::Message& message) {
+    WipeCountdown();
+    if (message.Buttons == platform::MessageButtons::YesNo) {
+        dialogs_.YesNoAnswer = answerYes_;
+        if (answerYes_) return;
+        platform::WriteAll(Stream::Error, message.Text + " [y/N] ");
+        const std::string answer = platform::ReadLine();
+        dialogs_.YesNoAnswer = answer == "y" || answer == "Y" || answer == "yes";
+        return;
+    }
+    const bool isSyncResult = !form_->Synchronisation().SyncMode().empty();
+    if (!isSyncResult) Say(message.Text);
+}
+
+}  // namespace app

@@ -1,0 +1,70 @@
+// The window that the command line program works on, and the terminal in the place of its user.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/cli_options.h"
+#include "app/deferred_registry.h"
+#include "app/form_main.h"
+#include "platform/headless/headless_host.h"
+#include "platform/paths.h"
+
+namespace app {
+
+// One line (or several) on standard error; blanks at the ends of lines are cut and, where it is a
+// terminal, control characters escaped.
+void WriteError(std::string_view text);
+
+class CliSession {
+  public:
+    // The pair is remembered by Remember(), unless `noHistory`.
+    explicit CliSession(bool noHistory);
+
+    FormMain& Form() { return *form_; }
+
+    // Types the filter options into the filter dialog. False when the dialog refuses them.
+    bool SetFilter(const CliOptions& options);
+
+    // The message boxes shown so far; each has gone to standard error unless it is a result.
+    const std::vector<platform::Message>& Messages() const { return dialogs_.Messages; }
+
+    // The first interrupt was taken for the Stop button.
+    bool Stopped() const { return stopped_; }
+
+    void Remember();
+
+    // Answers every question with yes instead of asking on the terminal.
+    void AnswerYes(bool yes) { answerYes_ = yes; }
+
+    // What could not be read in the comparison, named on standard error.
+    void ReportTroubles();
+
+    void Say(std::string_view text) { WriteError(text); }
+    void Complain(std::string_view text) { WriteError("varnel-cli: " + std::string(text)); }
+
+  private:
+    void OnYield(long long yields);
+    void PressStop();
+    void ShowCountdown();
+    void WipeCountdown();
+    void OnMessage(const platform::Message& message);
+
+    const bool noHistory_;
+    const bool showsCountdown_;
+    bool answerYes_ = false;
+    bool stopped_ = false;
+    long long countdownShownAt_ = 0;
+    std::size_t countdownLength_ = 0;
+    std::unique_ptr<platform::Registry> store_;
+    DeferredRegistry registry_;
+    platform::headless::Host host_;
+    platform::headless::Dialogs dialogs_;
+    platform::headless::Shell shell_;
+    std::unique_ptr<FormMain> form_;
+};
+
+}  // namespace app
