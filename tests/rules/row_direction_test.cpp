@@ -62,7 +62,9 @@ class Grid : public DirectionPanelOwner {
     std::string CurrentView() const override { return View; }
     std::int32_t FirstRow() const override { return First; }
     void SelectRow(int row) override { Selected.push_back(row); }
-    platform::Label& DirectionCell(int row) override { return Cells[static_cast<std::size_t>(row)]; }
+    platform::Label& DirectionCell(int row) override {
+        return Cells[static_cast<std::size_t>(row)];
+    }
 };
 
 // New: n0 (Folder 1), n1 (Folder 2). Chg: c0, c1. Same: s0, s1.
@@ -74,7 +76,8 @@ class RowDirectionTest : public testing::Test {
         table.SameList = {Pair("s0", kOld, 1, kOld, 2, 0), Pair("s1", kOld, 3, kOld, 3, 0)};
         table.BuildNewChgList();
         panel.AddTo(form, 120, 12700);
-        for (int row = 0; row < 25; ++row) grid.DirectionCell(row).SetPlace({0, 260 + 240 * row, 900, 240});
+        for (int row = 0; row < 25; ++row)
+            grid.DirectionCell(row).SetPlace({0, 260 + 240 * row, 900, 240});
     }
 
     // Clicks the direction cell of an item that the page shows.
