@@ -1,0 +1,48 @@
+// What the keyboard does in a form beyond the control that has the focus: Tab, Enter, Esc, access
+// keys, arrows among option buttons, and scrolling.
+#pragma once
+
+#include <windows.h>
+
+#include "platform/forms.h"
+#include "platform/win32/control_windows.h"
+
+namespace platform::win32 {
+
+class FormKeyboard {
+  public:
+    FormKeyboard(Form& form, HWND window, const ControlWindows& controls);
+
+    // Handles a key message before its window gets it. True when that was all.
+    bool TakeKey(const MSG& message);
+
+    void Focus(const Control& control);
+    void FocusFirst();
+    void FocusFirstIn(const Control& picture);
+
+    // The focus as it was when the window was left.
+    void RememberFocus();
+    void RestoreFocus();
+
+    // Takes the focus off a control that can no longer be reached.
+    void LeaveUnreachable();
+
+  private:
+    bool TakeKeyDown(WPARAM key);
+    bool MoveFocus(WPARAM key);
+    bool Choose(WPARAM key);
+    bool PressEnter(WPARAM key);
+    bool PressEsc(WPARAM key);
+    bool Scroll(WPARAM key);
+    bool PressAccessKey(WPARAM letter);
+    Control* Focused() const;
+    void ShowFocusMarks();
+
+    Form& form_;
+    HWND window_;
+    const ControlWindows& controls_;
+    const Control* last_ = nullptr;  // had the focus last: Tab goes on from there
+    bool onForm_ = false;            // the window was left while it had the focus itself
+};
+
+}  // namespace platform::win32
