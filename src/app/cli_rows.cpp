@@ -8,7 +8,7 @@ namespace app {
 
 namespace {
 
-constexpr std::size_t kLargeOutput = 1024 * 1024;
+constexpr std::size_t kLargeOutput = 64 * 1024;  // stays in the cache
 constexpr std::size_t kDirectionWidth = 13;
 constexpr char kHexDigits[] = "0123456789abcdef";
 
