@@ -29,13 +29,13 @@ struct Column {
 
 constexpr std::array kColumns = {
     Column{&grid::ResultsGrid::sTYPE, "sTYPE", "", 15, 690, Alignment::Right},
-    Column{&grid::ResultsGrid::sFile1, "sFile1", "Folder 1", 720, 2535, Alignment::Left},
-    Column{&grid::ResultsGrid::sSize1, "sSize1", "Size", 3270, 1080, Alignment::Right},
-    Column{&grid::ResultsGrid::sMD1, "sMD1", "Modified", 4365, 1710, Alignment::Center},
-    Column{&grid::ResultsGrid::sMAC, "sMAC", "Sync Direction", 6090, 1245, Alignment::Center},
-    Column{&grid::ResultsGrid::sFile2, "sFile2", "Folder 2", 7350, 2265, Alignment::Left},
-    Column{&grid::ResultsGrid::sSize2, "sSize2", "Size", 9630, 1080, Alignment::Right},
-    Column{&grid::ResultsGrid::sMD2, "sMD2", "Modified", 10725, 1650, Alignment::Center},
+    Column{&grid::ResultsGrid::sFile1, "sFile1", "Folder 1", 720, 2220, Alignment::Left},
+    Column{&grid::ResultsGrid::sSize1, "sSize1", "Size", 2955, 1020, Alignment::Right},
+    Column{&grid::ResultsGrid::sMD1, "sMD1", "Modified", 3990, 1890, Alignment::Center},
+    Column{&grid::ResultsGrid::sMAC, "sMAC", "Sync Direction", 5895, 1350, Alignment::Center},
+    Column{&grid::ResultsGrid::sFile2, "sFile2", "Folder 2", 7260, 2190, Alignment::Left},
+    Column{&grid::ResultsGrid::sSize2, "sSize2", "Size", 9465, 1020, Alignment::Right},
+    Column{&grid::ResultsGrid::sMD2, "sMD2", "Modified", 10500, 1875, Alignment::Center},
 };
 
 void PlaceFolders(FormMain& form) {
@@ -43,6 +43,7 @@ void PlaceFolders(FormMain& form) {
     window.Add(form.LabelFolder1, "LabelFolder1", {120, 135, 750, 240});
     window.Add(form.Combo1, "Combo1", {900, 90, 4800, 315});
     window.Add(form.CommandBrowse1, "CommandBrowse1", {5760, 75, 1080, 345});
+    form.ImageOpenFolder1.Glyph = form.ImageOpenFolder2.Glyph = "folder-open";
     window.Add(form.ImageOpenFolder1, "ImageOpenFolder1", {6900, 120, 360, 270});
     window.Add(form.CmdOpenFolder1, "CmdOpenFolder1", {6885, 75, 615, 345});
     window.Add(form.LabelFolder2, "LabelFolder2", {7620, 135, 750, 240});
@@ -83,8 +84,8 @@ void PlaceHeading(FormMain& form) {
     window.Add(form.LabelMark4, "LabelMark4", {120, 1245, 240, 240});
     window.Add(form.LabelShow, "LabelShow", {420, 1245, 4500, 240});
     form.LabelShow.SetBold(true);
-    window.Add(form.CheckShowPath1, "CheckShowPath1", {kGridLeft + 4365, 1230, 1500, 270});
-    window.Add(form.CheckShowPath2, "CheckShowPath2", {kGridLeft + 10725, 1230, 1500, 270});
+    window.Add(form.CheckShowPath1, "CheckShowPath1", {kGridLeft + 3990, 1230, 1500, 270});
+    window.Add(form.CheckShowPath2, "CheckShowPath2", {kGridLeft + 10500, 1230, 1500, 270});
 }
 
 void PlaceGrid(FormMain& form) {
@@ -114,10 +115,10 @@ void PlaceGrid(FormMain& form) {
 
 void PlaceSyncColumn(FormMain& form) {
     platform::Form& window = form.Window;
-    window.Add(form.Picture1, "Picture1", {kColumnLeft, kGridTop, kColumnWidth, 4200});
-    window.Add(form.Command4, "Command4", {kColumnLeft, 6060, kColumnWidth, 450});
-    window.Add(form.Command5, "Command5", {kColumnLeft, 6580, kColumnWidth, 450});
-    window.Add(form.Command6, "Command6", {kColumnLeft, 7100, kColumnWidth, 450});
+    window.Add(form.Picture1, "Picture1", {kColumnLeft, 3150, kColumnWidth, 3800});
+    window.Add(form.Command4, "Command4", {kColumnLeft, kGridTop, kColumnWidth, 450});
+    window.Add(form.Command5, "Command5", {kColumnLeft, kGridTop + 510, kColumnWidth, 450});
+    window.Add(form.Command6, "Command6", {kColumnLeft, kGridTop + 1020, kColumnWidth, 450});
     window.Add(form.Command10, "Command10", {kColumnLeft, 7100, kColumnWidth, 450});
     window.Add(form.Command9, "Command9", {kColumnLeft, 7100, kColumnWidth, 450});
     window.Add(form.Command8, "Command8", {kColumnLeft, 7100, kColumnWidth, 450});

@@ -43,9 +43,12 @@ Surface& ControlWindows::SurfaceIn(const Control* container) const {
 }
 
 std::unique_ptr<NativeControl> ControlWindows::MakeWindow(Control& control, HWND parent, int id) {
-    if (auto* picture = dynamic_cast<Picture*>(&control))
-        return std::make_unique<PictureWindow>(*picture, context_, parent, id);
-    return MakeNativeControl(control, context_, parent, id);
+    auto* picture = dynamic_cast<Picture*>(&control);
+    if (!picture) return MakeNativeControl(control, context_, parent, id);
+    const bool carries =
+        std::any_of(form_.Controls.begin(), form_.Controls.end(),
+                    [&](const Control* each) { return each->Container() == picture; });
+    return std::make_unique<PictureWindow>(*picture, context_, parent, id, carries);
 }
 
 void ControlWindows::Make(std::size_t index) {
@@ -62,11 +65,20 @@ void ControlWindows::Make(std::size_t index) {
     const ATOM name = ::GlobalAddAtomW(Wide(control.Name()).c_str());
     ::SetPropW(entry.Native->Window(), kNameProperty,
                reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(name)));
-    auto* button = dynamic_cast<NativeButton*>(entry.Native.get());
-    if (button && &control == form_.DefaultButton) button->MarkDefault();
+}
+
+void ControlWindows::FollowDefaultButton() {
+    if (default_ == form_.DefaultButton) return;
+    const auto show = [this](const Control* button, bool isDefault) {
+        auto* native = button ? dynamic_cast<NativeButton*>(NativeOf(*button)) : nullptr;
+        if (native) native->ShowAsDefault(isDefault);
+    };
+    show(default_, false);
+    show(default_ = form_.DefaultButton, true);
 }
 
 const Control* ControlWindows::Update() {
+    FollowDefaultButton();
     const Control* appeared = nullptr;
     for (const Entry& entry : entries_) {
         if (!entry.Owner->TakeChanged()) continue;

@@ -46,6 +46,7 @@ class ControlWindows {
     Surface& SurfaceIn(const Control* container) const;
     std::unique_ptr<NativeControl> MakeWindow(Control& control, HWND parent, int id);
     void Make(std::size_t index);
+    void FollowDefaultButton();
     void Refresh(const Entry& entry);
     void UpdateTip(const Entry& entry);
 
@@ -53,7 +54,8 @@ class ControlWindows {
     Surface& ground_;
     FormContext& context_;
     ToolTips tips_;
-    std::vector<Entry> entries_;  // in the order of the form's controls
+    std::vector<Entry> entries_;        // in the order of the form's controls
+    const Control* default_ = nullptr;  // drawn as the form's default button
 };
 
 }  // namespace platform::win32

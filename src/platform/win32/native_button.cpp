@@ -27,8 +27,8 @@ void NativeButton::OnCommand(WORD code) {
     if (code == BN_CLICKED) Owner().Click();
 }
 
-void NativeButton::MarkDefault() {
-    Send(BM_SETSTYLE, BS_MULTILINE | BS_DEFPUSHBUTTON, TRUE);
+void NativeButton::ShowAsDefault(bool isDefault) {
+    Send(BM_SETSTYLE, BS_MULTILINE | (isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON), TRUE);
 }
 
 void NativeButton::UpdateContent() {

@@ -12,8 +12,8 @@ class NativeButton : public NativeControl {
     void OnCommand(WORD code) override;
     bool ShowsGround() const override { return true; }
 
-    // Draws the button as the one that Enter presses.
-    void MarkDefault();
+    // Draws the button as the one that Enter presses, or as any other.
+    void ShowAsDefault(bool isDefault);
 
   protected:
     void UpdateContent() override;

@@ -33,6 +33,9 @@ void NativeComboBox::OnCommand(WORD code) {
         case CBN_SELENDOK:
             if (!std::exchange(picked_, true)) ::PostMessageW(Window(), kPicked, 0, 0);
             break;
+        case CBN_KILLFOCUS:
+            Send(CB_SETEDITSEL, 0, MAKELPARAM(-1, 0));  // no mark stays behind
+            break;
         case CBN_CLOSEUP:
             if (!picked_) ::PostMessageW(Window(), kPicked, 0, 0);
             break;

@@ -25,9 +25,11 @@ const MessageEntry<PictureWindow> PictureWindow::kHandlers[] = {
     {WM_NCPAINT, &PictureWindow::OnPaintFrame},
 };
 
-PictureWindow::PictureWindow(Picture& picture, FormContext& context, HWND parent, int id)
+PictureWindow::PictureWindow(Picture& picture, FormContext& context, HWND parent, int id,
+                             bool framed)
     : NativeControl(picture, context, parent, id,
                     {RegisteredClass(), WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}),
+      framed_(framed),
       surface_(Window(), context,
                {[&picture] { return picture.BackColor(); },
                 [&picture](PointerPosition position) { picture.PointerMove(position); },
@@ -54,11 +56,13 @@ Result PictureWindow::OnMessage(const WindowMessage& message) {
 }
 
 Result PictureWindow::OnCalculateSize(const WindowMessage& message) {
+    if (!framed_) return std::nullopt;
     ::InflateRect(reinterpret_cast<RECT*>(message.Long), -kFrame, -kFrame);
     return 0;
 }
 
 Result PictureWindow::OnPaintFrame(const WindowMessage&) {
+    if (!framed_) return std::nullopt;
     RECT frame;
     ::GetWindowRect(Window(), &frame);
     ::OffsetRect(&frame, -frame.left, -frame.top);

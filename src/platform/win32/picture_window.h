@@ -1,4 +1,5 @@
-// A picture: a framed child window that carries controls of its own.
+// A picture: a child window that carries controls of its own, within a frame; one that carries none
+// is a plain area.
 #pragma once
 
 #include <memory>
@@ -10,7 +11,7 @@ namespace platform::win32 {
 
 class PictureWindow : public NativeControl {
   public:
-    PictureWindow(Picture& picture, FormContext& context, HWND parent, int id);
+    PictureWindow(Picture& picture, FormContext& context, HWND parent, int id, bool framed);
 
     Surface& Area() { return surface_; }
 
@@ -26,6 +27,7 @@ class PictureWindow : public NativeControl {
 
     static const MessageEntry<PictureWindow> kHandlers[];
 
+    const bool framed_;
     Surface surface_;
     Color back_;
 };

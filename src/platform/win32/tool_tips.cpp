@@ -11,10 +11,9 @@ namespace {
 constexpr int kWidestLine = 600;  // pixels; longer tips are broken
 
 HWND MakeTips(HWND form) {
-    const HWND tips =
-        ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
-                          WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT,
-                          CW_USEDEFAULT, CW_USEDEFAULT, form, nullptr, nullptr, nullptr);
+    const HWND tips = ::CreateWindowExW(
+        WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, CW_USEDEFAULT,
+        CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, form, nullptr, nullptr, nullptr);
     ::SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, kWidestLine);
     return tips;
 }
