@@ -33,7 +33,10 @@ std::string CurrentFolder() {
 std::string CurrentFolderOf(const std::string& drive) {
     wchar_t folder[MAX_PATH];
     const DWORD length = ::GetFullPathNameW(win32::Wide(drive).c_str(), MAX_PATH, folder, nullptr);
-    return length > 0 && length < MAX_PATH ? win32::Narrow({folder, length}) : WithSeparator(drive);
+    if (length == 0 || length >= MAX_PATH) return WithSeparator(drive);
+    std::string path = win32::Narrow({folder, length});
+    if (path.size() > 3 && path.back() == Separator) path.pop_back();
+    return path;
 }
 
 // Without "." segments in front.
@@ -68,7 +71,8 @@ std::string MakeAbsolute(const std::string& path) {
     }
     if (!HasDrive(path)) return Joined(CurrentFolder(), WithoutDots(path));
     if (path.size() > 2 && IsSeparator(path[2])) return path;
-    return Joined(CurrentFolderOf(path.substr(0, 2)), WithoutDots(path).substr(2));
+    return Joined(CurrentFolderOf(path.substr(0, 2)),
+                  WithoutDots(std::string_view(path).substr(2)));
 }
 
 // Upper case without regard to language, a character at a time, is what the file system compares.

@@ -1,0 +1,241 @@
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include "fakes/temp_folder.h"
+#include "platform/files.h"
+#include "platform/win32/extended_path.h"
+#include "platform/win32/handle.h"
+#include "platform/win32/text_conversion.h"
+
+namespace {
+
+using platform::Outcome;
+using platform::win32::Wide;
+using Names = std::vector<std::string>;
+
+class WindowsFilesTest : public testing::Test {
+  protected:
+    std::wstring SystemPath(const std::string& relative) {
+        return platform::win32::ExtendedPath(temp_.Path(relative));
+    }
+    // Holds a file open without sharing it.
+    platform::win32::Handle Locked(const std::string& relative) {
+        platform::win32::Handle held(::CreateFileW(SystemPath(relative).c_str(),
+                                                   GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                                                   OPEN_EXISTING, 0, nullptr));
+        EXPECT_TRUE(held.IsOpen());
+        return held;
+    }
+    DWORD AttributesOf(const std::string& relative) {
+        return ::GetFileAttributesW(SystemPath(relative).c_str());
+    }
+    Outcome Copy(const std::string& from, const std::string& to) {
+        return files_.CopyOver(temp_.Path(from), temp_.Path(to), [] {});
+    }
+
+    fakes::TempFolder temp_;
+    platform::FileSystem& files_ = platform::SystemFiles();
+};
+
+TEST(ExtendedPathTest, IsWholeAndLiteral) {
+    const struct {
+        const char* Path;
+        const wchar_t* Extended;
+        const wchar_t* Plain;
+    } cases[] = {
+        {"C:\\", L"\\\\?\\C:\\", L"C:\\"},
+        {"C:\\a\\b", L"\\\\?\\C:\\a\\b", L"C:\\a\\b"},
+        {"C:\\a\\", L"\\\\?\\C:\\a", L"C:\\a"},
+        {"C:/a//b/./c/../d", L"\\\\?\\C:\\a\\b\\d", L"C:\\a\\b\\d"},
+        {"C:\\..\\..\\a", L"\\\\?\\C:\\a", L"C:\\a"},
+        {"C:\\a. \\b. ", L"\\\\?\\C:\\a. \\b. ", L"C:\\a. \\b. "},
+        {"C:\\nul", L"\\\\?\\C:\\nul", L"C:\\nul"},
+        {"\\\\server\\share", L"\\\\?\\UNC\\server\\share\\", L"\\\\server\\share\\"},
+        {"\\\\server\\share\\..\\a", L"\\\\?\\UNC\\server\\share\\a", L"\\\\server\\share\\a"},
+        {"\\\\?\\C:\\a", L"\\\\?\\C:\\a", L"C:\\a"},
+    };
+    for (const auto& [path, extended, plain] : cases) {
+        EXPECT_EQ(platform::win32::ExtendedPath(path), extended) << path;
+        EXPECT_EQ(platform::win32::PlainPath(extended), plain) << path;
+    }
+    EXPECT_TRUE(platform::win32::ExtendedPath("").empty());
+}
+
+TEST_F(WindowsFilesTest, NamesThatDifferInCaseAreOne) {
+    temp_.WriteFile("Größe.TXT", "12345");
+    Outcome outcome;
+    const auto folder = files_.OpenFolder(temp_.Path(), outcome);
+    for (const char* name : {"größe.txt", "GRÖSSE.txt", "GRÖßE.Txt"})
+        EXPECT_EQ(folder->Look(name).Size, std::string(name) == "GRÖSSE.txt" ? -1 : 5) << name;
+    temp_.WriteFile("source", "new");
+    EXPECT_TRUE(Copy("source", "GRÖßE.txt").Ok());
+    EXPECT_EQ(temp_.Read("Größe.TXT"), "new");
+    EXPECT_EQ(temp_.Names().size(), 2u);
+    EXPECT_FALSE(Copy("source", "SOURCE").Ok()) << "the source itself";
+}
+
+TEST_F(WindowsFilesTest, NoLimitOnAPathsLength) {
+    std::string deep = "top";
+    while (temp_.Path(deep).size() < 300) deep += "/level " + std::string(20, 'd');
+    temp_.WriteFile("source", "content", fakes::Time("2020-01-02 03:04:05.1234567 UTC"));
+    for (const char* content : {"content", "replaced"}) {
+        temp_.WriteFile("source", content);
+        const Outcome copied = Copy("source", deep + "/file");
+        ASSERT_TRUE(copied.Ok()) << copied.Operation << ": " << copied.Reason;
+        EXPECT_EQ(temp_.Read(deep + "/file"), content);
+    }
+    EXPECT_TRUE(Copy(deep + "/file", "back").Ok());
+    EXPECT_EQ(temp_.Read("back"), "replaced");
+    EXPECT_TRUE(files_.CreateFolder(temp_.Path(deep + "/folder")).Ok());
+    EXPECT_TRUE(files_.FolderExists(temp_.Path(deep + "/folder/")));
+    EXPECT_EQ(files_.Look(temp_.Path(deep + "/file")).Size, 8);
+    Outcome outcome;
+    const auto folder = files_.OpenFolder(temp_.Path(deep), outcome);
+    ASSERT_TRUE(folder) << outcome.Reason;
+    EXPECT_TRUE(folder->IsFolder("folder"));
+    temp_.WriteFile(deep + "/.varnel~00000000", "");
+    files_.RemoveLeftover(temp_.Path(deep + "/.varnel~00000000"));
+    EXPECT_EQ(temp_.Names(deep), (Names{"file", "folder"}));
+    EXPECT_TRUE(files_.RemoveFile(temp_.Path(deep + "/file")).Ok());
+}
+
+// The shell would drop the ends of these names, or take them for devices.
+TEST_F(WindowsFilesTest, NamesAreTakenLiterally) {
+    temp_.WriteFile("source", "content");
+    const Names names = {"CON.txt", "blank ", "dot.", "folder. /file", "nul"};
+    for (const std::string& name : names) {
+        const std::string target = "f/" + name;
+        EXPECT_TRUE(Copy("source", target).Ok()) << name;
+        EXPECT_EQ(temp_.Read(target), "content") << name;
+        EXPECT_EQ(files_.Look(temp_.Path(target)).Size, 7) << name;
+        EXPECT_TRUE(Copy(target, "back").Ok()) << name;
+    }
+    EXPECT_EQ(temp_.Names("f"), (Names{"CON.txt", "blank ", "dot.", "folder. ", "nul"}));
+}
+
+// The target's own path still fits into 259 characters, that of the temporary file does not.
+TEST_F(WindowsFilesTest, PathsAtTheShellsLimitAreCopied) {
+    temp_.WriteFile("source", "content");
+    const std::size_t start = temp_.Path("f/").size();
+    for (std::size_t length = 240; length <= 262; ++length) {
+        const std::string target = "f/" + std::string(length - start - 2, 'd') + "/t";
+        EXPECT_TRUE(Copy("source", target).Ok()) << length;
+        EXPECT_EQ(temp_.Read(target), "content") << length;
+    }
+}
+
+TEST_F(WindowsFilesTest, AFileOpenElsewhereStaysAsItIs) {
+    temp_.WriteFile("source", "new");
+    temp_.WriteFile("target", "old", fakes::Time("2020-01-01 00:00:00 UTC"));
+    {
+        const auto held = Locked("target");
+        const Outcome outcome = Copy("source", "target");
+        EXPECT_FALSE(outcome.Ok());
+        EXPECT_NE(outcome.Reason, "");
+        EXPECT_EQ(files_.Look(temp_.Path("target")).Size, 3) << "it can be looked at";
+        EXPECT_FALSE(files_.RemoveFile(temp_.Path("target")).Ok());
+    }
+    EXPECT_EQ(temp_.Read("target"), "old");
+    {
+        const auto held = Locked("source");
+        EXPECT_FALSE(Copy("source", "target").Ok());
+        EXPECT_FALSE(Copy("source", "fresh").Ok());
+    }
+    EXPECT_EQ(temp_.Read("target"), "old");
+    EXPECT_EQ(temp_.Names(), (Names{"source", "target"}));
+    EXPECT_TRUE(Copy("source", "target").Ok()) << "released";
+}
+
+TEST_F(WindowsFilesTest, ARunningCopyKeepsItsTemporaryFile) {
+    temp_.WriteFile(".varnel~0123abcd", "");
+    {
+        const auto held = Locked(".varnel~0123abcd");
+        files_.RemoveLeftover(temp_.Path(".varnel~0123abcd"));
+        EXPECT_TRUE(temp_.Exists(".varnel~0123abcd"));
+    }
+    temp_.SetReadOnly(".varnel~0123abcd", true);
+    files_.RemoveLeftover(temp_.Path(".varnel~0123abcd"));
+    EXPECT_FALSE(temp_.Exists(".varnel~0123abcd"));
+}
+
+TEST_F(WindowsFilesTest, AttributesOfTheSourceAreKept) {
+    constexpr DWORD kKept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_READONLY;
+    for (const DWORD attributes : {DWORD{FILE_ATTRIBUTE_HIDDEN}, DWORD{FILE_ATTRIBUTE_READONLY},
+                                   DWORD{FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_HIDDEN}}) {
+        temp_.WriteFile("source", "content");
+        ::SetFileAttributesW(SystemPath("source").c_str(), attributes);
+        EXPECT_TRUE(Copy("source", "target").Ok()) << attributes;
+        EXPECT_EQ(AttributesOf("target") & kKept, attributes);
+        EXPECT_EQ(temp_.Names(), (Names{"source", "target"}));
+        for (const char* name : {"source", "target"})
+            EXPECT_TRUE(files_.RemoveFile(temp_.Path(name)).Ok());
+    }
+}
+
+TEST_F(WindowsFilesTest, AReadOnlyTargetIsRefused) {
+    temp_.WriteFile("source", "new");
+    temp_.WriteFile("target", "old");
+    temp_.SetReadOnly("target", true);
+    EXPECT_FALSE(Copy("source", "target").Ok());
+    EXPECT_EQ(temp_.Read("target"), "old");
+    EXPECT_NE(AttributesOf("target") & FILE_ATTRIBUTE_READONLY, 0u);
+    EXPECT_EQ(temp_.Names(), (Names{"source", "target"}));
+}
+
+TEST_F(WindowsFilesTest, WildcardsAndCompanionsAreNotCopied) {
+    temp_.WriteFile("a.txt", "1");
+    temp_.WriteFile("b.txt", "2");
+    temp_.WriteFile("page.htm", "page");
+    temp_.WriteFile("page_files/picture", "3");
+    temp_.WriteFile("out/target", "old");
+    for (const char* from : {"*.txt", "?.txt", "a.tx*", "a<", "\"a.txt\""})
+        EXPECT_FALSE(Copy(from, "out/target").Ok()) << from;
+    for (const char* to : {"out/*", "out/t?rget", "ou*/target"})
+        EXPECT_FALSE(Copy("a.txt", to).Ok()) << to;
+    EXPECT_TRUE(Copy("page.htm", "out/page.htm").Ok());
+    EXPECT_EQ(temp_.Names("out"), (Names{"page.htm", "target"}));
+    EXPECT_EQ(temp_.Read("out/target"), "old");
+}
+
+TEST_F(WindowsFilesTest, AnotherNameOfTheSourceIsTheSource) {
+    temp_.WriteFile("source", "content");
+    if (!::CreateHardLinkW(SystemPath("other").c_str(), SystemPath("source").c_str(), nullptr))
+        GTEST_SKIP() << "no hard links here";
+    EXPECT_FALSE(Copy("source", "other").Ok());
+    EXPECT_EQ(temp_.Names(), (Names{"other", "source"}));
+}
+
+TEST_F(WindowsFilesTest, LinksToFoldersAreFollowedAndKnownAsLinks) {
+    temp_.WriteFile("folder/file", "12345");
+    ::CreateSymbolicLinkW(
+        SystemPath("folder/up").c_str(), SystemPath("").c_str(),
+        SYMBOLIC_LINK_FLAG_DIRECTORY | SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE);
+    if (!temp_.Exists("folder/up")) GTEST_SKIP() << "no links here, or no right to make one";
+    Outcome outcome;
+    const auto root = files_.OpenFolder(temp_.Path(), outcome);
+    const auto folder = root->Open("folder", outcome);
+    platform::TextArena names;
+    platform::Listing listing;
+    ASSERT_TRUE(folder->List(names, listing).Ok());
+    for (const auto& entry : listing.Entries)
+        EXPECT_EQ(entry.Kind == platform::EntryKind::Link, entry.Text() == "up") << entry.Name;
+    EXPECT_TRUE(folder->IsFolder("up"));
+    const auto up = folder->Open("up", outcome);
+    ASSERT_TRUE(up);
+    EXPECT_EQ(up->Identity(), root->Identity());
+}
+
+TEST_F(WindowsFilesTest, MissingDrivesAndSharesAreFailures) {
+    for (const char* path : {"?:\\", "\\\\", "\\\\.\\nothing", "C:\\nul", "C:nothing", "\\\\?\\"}) {
+        Outcome outcome;
+        EXPECT_FALSE(files_.FolderExists(path)) << path;
+        EXPECT_FALSE(files_.OpenFolder(path, outcome)) << path;
+        EXPECT_FALSE(files_.Look(path).Exists()) << path;
+        EXPECT_FALSE(files_.CopyOver(path, temp_.Path("x"), [] {}).Ok()) << path;
+    }
+    EXPECT_TRUE(files_.FolderExists("C:\\"));
+    EXPECT_TRUE(files_.FolderExists("c:/"));
+    EXPECT_TRUE(temp_.Names().empty());
+}
+
+}  // namespace

@@ -1,0 +1,106 @@
+#include <aclapi.h>
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include "fakes/own_registry.h"
+
+namespace {
+
+class WindowsRegistryTest : public testing::Test {
+  protected:
+    // Null when the key is missing or the access is refused.
+    HKEY Open(const std::string& key, REGSAM access) {
+        HKEY opened = nullptr;
+        ::RegOpenKeyExA(HKEY_LOCAL_MACHINE, own_.Key(key).c_str(), 0, access, &opened);
+        return opened;
+    }
+    void SetRaw(DWORD type, const std::string& bytes) {
+        const HKEY key = Open("P0", KEY_SET_VALUE);
+        EXPECT_EQ(
+            ::RegSetValueExA(key, nullptr, 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
+                             static_cast<DWORD>(bytes.size())),
+            0);
+        ::RegCloseKey(key);
+    }
+    // Everybody may read the key below HKEY_LOCAL_MACHINE; nobody, or everybody, may change it.
+    void SetWritable(const std::string& key, bool writable) {
+        const HKEY opened = Open(key, WRITE_DAC);
+        if (!opened) return;
+        EXPLICIT_ACCESSA access{};
+        access.grfAccessPermissions = writable ? KEY_ALL_ACCESS : KEY_READ;
+        access.grfAccessMode = SET_ACCESS;
+        access.Trustee.TrusteeForm = TRUSTEE_IS_NAME;
+        access.Trustee.TrusteeType = TRUSTEE_IS_WELL_KNOWN_GROUP;
+        char everybody[] = "Everyone";
+        access.Trustee.ptstrName = everybody;
+        PACL list = nullptr;
+        EXPECT_EQ(::SetEntriesInAclA(1, &access, nullptr, &list), 0u);
+        EXPECT_EQ(::SetSecurityInfo(opened, SE_REGISTRY_KEY, DACL_SECURITY_INFORMATION, nullptr,
+                                    nullptr, list, nullptr),
+                  0u);
+        ::LocalFree(list);
+        ::RegCloseKey(opened);
+    }
+    std::string Read(const std::string& key) { return store_.ReadDefault(own_.Key(key)); }
+
+    fakes::OwnRegistry own_;
+    platform::Registry& store_ = own_.Store();
+};
+
+TEST_F(WindowsRegistryTest, WhatIsNoTextReadsAsEmpty) {
+    store_.CreateKey(own_.Key("P0"));
+    const std::string megabyte(1024 * 1024 - 1, 'x');
+    const struct {
+        DWORD Type;
+        std::string Bytes;
+        std::string Read;
+    } cases[] = {
+        {REG_SZ, "no NUL", "no NUL"},
+        {REG_SZ, std::string("a\0b\0", 4), "a"},
+        {REG_SZ, "", ""},
+        {REG_SZ, megabyte + '\0', megabyte},
+        {REG_SZ, std::string(3 * 1024 * 1024, 'x'), ""},
+        {REG_DWORD, "1234", ""},
+        {REG_BINARY, std::string(100, '\xFF'), ""},
+        {REG_MULTI_SZ, std::string("a\0b\0\0", 5), ""},
+    };
+    for (const auto& [type, bytes, expected] : cases) {
+        SetRaw(type, bytes);
+        EXPECT_TRUE(Read("P0") == expected) << "type " << type << ", " << bytes.size() << " bytes";
+    }
+    store_.WriteDefault(own_.Key("P0"), "good again");
+    EXPECT_EQ(Read("P0"), "good again");
+}
+
+TEST_F(WindowsRegistryTest, AnOrdinaryAccountHasAStoreOfItsOwn) {
+    for (const char* key : {"P0", "P1"}) {
+        store_.CreateKey(own_.Key(key));
+        store_.WriteDefault(own_.Key(key), "everybody's");
+        SetWritable(key, false);
+    }
+    SetWritable("", false);
+    const HKEY refused = Open("P0", 0x3F);
+    const bool bound = !refused;
+    if (refused) ::RegCloseKey(refused);
+    if (bound) {
+        EXPECT_EQ(Read("P0"), "everybody's");
+        store_.WriteDefault(own_.Key("P0"), "mine");
+        store_.CreateKey(own_.Key("P2"));
+        store_.WriteDefault(own_.Key("P2"), "new");
+        store_.WriteDefault(own_.Key("P3"), "lost");
+        store_.DeleteKey(own_.Key("P1"));
+        EXPECT_EQ(Read("P0"), "mine");
+        EXPECT_EQ(Read("P1"), "") << "gone, or hidden";
+        EXPECT_EQ(Read("P2"), "new");
+        EXPECT_EQ(Read("P3"), "");
+        store_.DeleteKey(own_.Key("P2"));
+        EXPECT_EQ(Read("P2"), "");
+        store_.CreateKey(own_.Key("P1"));
+        store_.WriteDefault(own_.Key("P1"), "back");
+        EXPECT_EQ(Read("P1"), "back");
+    }
+    for (const char* key : {"", "P0", "P1"}) SetWritable(key, true);
+    if (!bound) GTEST_SKIP() << "rights of keys do not bind here";
+}
+
+}  // namespace
