@@ -1,0 +1,82 @@
+#include "fakes/main_window.h"
+
+#include <utility>
+
+namespace fakes {
+
+namespace {
+
+std::string Value(const platform::Control& control) {
+    if (const auto* box = dynamic_cast<const platform::CheckBox*>(&control))
+        return std::to_string(box->Value());
+    if (const auto* bar = dynamic_cast<const platform::ScrollBar*>(&control))
+        return std::to_string(bar->Value()) + " of " + std::to_string(bar->Maximum());
+    if (const auto* combo = dynamic_cast<const platform::ComboBox*>(&control)) {
+        std::string entries;
+        for (const std::string& entry : combo->Entries()) entries += entry + '|';
+        return entries;
+    }
+    return {};
+}
+
+}  // namespace
+
+MainWindow::MainWindow() {
+    files.AddFolder("1");
+    files.AddFolder("2");
+    form.Load("");
+    host.Show(form.Window);
+    form.Combo1.Edit(FakeFiles::Path("1"));
+    form.Combo2.Edit(FakeFiles::Path("2"));
+}
+
+void MainWindow::ClickMenu(std::string_view name) const {
+    form.Window.FindMenu(name)->OnClick();
+}
+
+void MainWindow::AtYield(long long n, std::function<void()> act) {
+    host.Yields = 0;
+    host.OnYield = [n, act = std::move(act)](long long yield) {
+        if (yield == n) act();
+    };
+}
+
+void MainWindow::AtEveryYield(std::function<void(long long)> act) {
+    host.Yields = 0;
+    host.OnYield = [acting = false, act = std::move(act)](long long yield) mutable {
+        if (std::exchange(acting, true)) return;
+        act(yield);
+        acting = false;
+    };
+}
+
+Texts MainWindow::TakeMessages() {
+    Texts texts;
+    for (; messagesTaken_ < dialogs.Messages.size(); ++messagesTaken_)
+        texts.push_back(dialogs.Messages[messagesTaken_].Text);
+    return texts;
+}
+
+Texts MainWindow::Everything() const {
+    Texts all;
+    for (const platform::Control* control : form.Window.Controls)
+        all.push_back(control->Name() + ": " + control->ShownText() + ' ' + Value(*control) +
+                      (control->Shown() ? " shown " : " hidden ") +
+                      std::to_string(control->BackColor()) + ' ' +
+                      std::to_string(control->ForeColor()));
+    for (const platform::Message& message : dialogs.Messages) all.push_back(message.Text);
+    for (const auto* texts : {&dialogs.Prompts, &shell.OpenedFolders, &shell.StartedPrograms})
+        all.insert(all.end(), texts->begin(), texts->end());
+    for (const auto& [key, value] : registry.Values) all.push_back(key + " = " + value);
+    for (const platform::Form* shown : host.ShownForms) all.push_back(shown->Name);
+    return all;
+}
+
+Texts MainWindow::Column(const grid::ResultsGrid::Cells& cells) {
+    Texts texts;
+    for (const platform::Label& cell : cells) texts.push_back(cell.Caption());
+    while (!texts.empty() && texts.back().empty()) texts.pop_back();
+    return texts;
+}
+
+}  // namespace fakes
