@@ -1,8 +1,5 @@
 #include "app/cli.h"
 
-#include <charconv>
-#include <memory>
-#include <optional>
 #include <string_view>
 #include <unordered_map>
 
@@ -55,7 +52,7 @@ class Run {
         if (session_.Stopped()) return PrintStoppedBeforeSync();
         if (options_.DryRun) return DryRun();
         const std::size_t before = session_.Messages().size();
-        SyncButton().Click();
+        session_.Run(SyncButton());
         const auto& messages = session_.Messages();
         const std::string message = messages.size() > before ? messages.back().Text : "";
         const compare::ItemList& handled = Table().SyncAllList;
@@ -99,7 +96,7 @@ class Run {
         if (!session_.SetFilter(options_)) return false;
         Form().Combo1.SetText(FolderText(options_.Folder1));
         Form().Combo2.SetText(FolderText(options_.Folder2));
-        Form().Command3.Click();
+        session_.Run(Form().Command3);
         if (!session_.Messages().empty()) return false;
         session_.ReportTroubles();
         LabelOf(Form(), options_.ViewCode).Click();

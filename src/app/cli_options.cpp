@@ -93,7 +93,7 @@ bool SetFilter(CliOptions& options, const std::string& value) {
 constexpr std::array kOptions = {
     Option{"--only", kAllWork, "LIST", SetFilter<&CliOptions::HasOnly>},
     Option{"--exclude", kAllWork, "LIST", SetFilter<&CliOptions::HasExclude>},
-    Option{"--view", kAllWork, "new|chg|newchg|same", SetView},
+    Option{"--view", kCompare | kSync, "new|chg|newchg|same", SetView},
     Option{"--mode", kSync, "double|left|right", SetMode},
     Option{"--direction", kSync, "REL=right|left|none", AddDirection},
     Option{"--dry-run", kSync, "", SetFlag<&CliOptions::DryRun>},
@@ -182,6 +182,8 @@ std::string TakeOperands(const CommandForm& command, const std::vector<std::stri
             options.Folder1 = operands[2];
             options.Folder2 = operands[3];
             options.File = operands[4];
+            if (options.File.find_first_not_of(' ') == std::string::npos)
+                return "the name of the file is empty";
             return {};
         }
         case kHistory:
@@ -189,6 +191,8 @@ std::string TakeOperands(const CommandForm& command, const std::vector<std::stri
                 return "unknown history command '" + operands[1] + "'";
             options.Command =
                 operands[1] == "list" ? CliCommand::HistoryList : CliCommand::HistoryClear;
+            if (options.Yes && options.Command == CliCommand::HistoryList)
+                return "option '--yes' does not go with 'history list'";
             return {};
         default:
             options.Command = command.Bit == kSync ? CliCommand::Sync : CliCommand::Compare;

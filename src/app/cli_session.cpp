@@ -55,6 +55,15 @@ bool CliSession::SetFilter(const CliOptions& options) {
     return dialogs_.Messages.empty();
 }
 
+void CliSession::Run(platform::Button& button) {
+    button.Click();
+    WipeCountdown();
+}
+
+bool CliSession::Stopped() {
+    return platform::InterruptRequested();
+}
+
 void CliSession::Remember() {
     if (!noHistory_) registry_.Commit();
 }
@@ -70,18 +79,21 @@ void CliSession::ReportTroubles() {
 
 // Called several times a file: the clock is looked at only now and then.
 void CliSession::OnYield(long long yields) {
-    if (platform::InterruptRequested() && !stopped_) PressStop();
+    if (!stopPressed_ && Stopped()) PressStop();
     if (showsCountdown_ && (yields % kYieldsPerLook == 0 || !form_->lblComparing.Visible()))
         ShowCountdown();
 }
 
+// Nothing that could be stopped may run yet; then the next yield tries again.
 void CliSession::PressStop() {
-    stopped_ = true;
-    for (platform::Button* button : {static_cast<platform::Button*>(&form_->Command8),
-                                     static_cast<platform::Button*>(&form_->Command9),
-                                     static_cast<platform::Button*>(&form_->Command10)})
+    for (platform::Button* button : {&form_->Command8, &form_->Command9, &form_->Command10}) {
+        if (!button->Visible()) continue;
+        stopPressed_ = true;
         button->Click();
-    if (form_->Command3.Caption() == "Stop") form_->Command3.Click();
+    }
+    if (form_->Command3.Caption() != "Stop") return;
+    stopPressed_ = true;
+    form_->Command3.Click();
 }
 
 void CliSession::ShowCountdown() {

@@ -32,8 +32,11 @@ class CliSession {
     // The message boxes shown so far; each has gone to standard error unless it is a result.
     const std::vector<platform::Message>& Messages() const { return dialogs_.Messages; }
 
-    // The first interrupt was taken for the Stop button.
-    bool Stopped() const { return stopped_; }
+    // Clicks a button whose command may take long.
+    void Run(platform::Button& button);
+
+    // An interrupt has come: it is the Stop button, of what runs or of what comes next.
+    static bool Stopped();
 
     void Remember();
 
@@ -56,7 +59,7 @@ class CliSession {
     const bool noHistory_;
     const bool showsCountdown_;
     bool answerYes_ = false;
-    bool stopped_ = false;
+    bool stopPressed_ = false;
     long long countdownShownAt_ = 0;
     std::size_t countdownLength_ = 0;
     std::unique_ptr<platform::Registry> store_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <exception>
 #include <string_view>
 
 #include <windows.h>
@@ -34,9 +35,7 @@ std::wstring_view CommandLine() {
     return oneArgument && line.front() == L'"' ? line.substr(1, line.size() - 2) : line;
 }
 
-}  // namespace
-
-int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+void Run() {
     platform::win32::Host host;
     platform::win32::Dialogs dialogs(host);
     platform::win32::Shell shell;
@@ -45,5 +44,17 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     form.Load(platform::win32::Narrow(CommandLine()));
     host.Show(form.Window);
     host.RunUntilUnloaded(form.Window);
-    return 0;
+}
+
+}  // namespace
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    try {
+        Run();
+        return 0;
+    } catch (const std::exception& error) {
+        ::MessageBoxW(nullptr, platform::win32::Wide(error.what()).c_str(),
+                      platform::win32::Wide(app::kApplicationTitle).c_str(), MB_ICONERROR);
+        return 1;
+    }
 }
