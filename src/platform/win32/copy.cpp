@@ -90,30 +90,16 @@ bool SameTime(FileTime a, FileTime b) {
     return a.Seconds - b.Seconds <= 2 && b.Seconds - a.Seconds <= 2;
 }
 
-// A handle that can write a read-only file's content to the disk is got only while it is writable.
-Handle OpenWritable(const std::wstring& path, const Entry& entry, DWORD attributes) {
-    if (entry.IsReadOnly()) ::SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-    Handle opened(::CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE,
-                                nullptr, OPEN_EXISTING, 0, nullptr));
-    const DWORD error = ::GetLastError();
-    if (entry.IsReadOnly()) ::SetFileAttributesW(path.c_str(), attributes);
-    ::SetLastError(error);
-    return opened;
-}
-
-// A copy that is complete, on the disk, and held open so that nobody tidies it away. A file whose
-// content is still in memory when the power goes would be left with its name, size and time, but
-// empty.
-Handle Completed(const TemporaryFile& copy, const FileStatus& source, DWORD sourceAttributes) {
-    const Entry entry = EntryAt(copy.Path());
-    if (!entry.Exists()) return Handle(nullptr);
-    if (entry.Status.Size != source.Size || !SameTime(entry.Status.Time, source.Time)) {
-        ::SetLastError(ERROR_WRITE_FAULT);
-        return Handle(nullptr);
-    }
-    Handle opened = OpenWritable(copy.Path(), entry, sourceAttributes);
-    return opened.IsOpen() && ::FlushFileBuffers(opened.Get()) ? std::move(opened)
-                                                               : Handle(nullptr);
+// A complete copy, held open so that nobody tidies it away.
+Handle Held(const TemporaryFile& copy, const FileStatus& source) {
+    Handle opened(::CreateFileW(copy.Path().c_str(), GENERIC_READ,
+                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                OPEN_EXISTING, 0, nullptr));
+    if (!opened.IsOpen()) return opened;
+    const FileStatus status = StatusAt(copy.Path());
+    if (status.Size == source.Size && SameTime(status.Time, source.Time)) return opened;
+    ::SetLastError(ERROR_WRITE_FAULT);
+    return Handle(nullptr);
 }
 
 bool HasWildcard(const std::wstring& extended) {
@@ -137,11 +123,10 @@ Outcome CopyOver(const std::string& from, const std::string& to,
 
     TemporaryFile copy(TemporaryPath(FolderOf(target)));
     const bool ordinary = ShellCanName(source) && ShellCanName(target) && ShellCanName(copy.Path());
-    const Entry original = EntryAt(source);
-    const CopyJob job{source, copy.Path(), ordinary && !original.IsLink(), before.Size};
+    const CopyJob job{source, copy.Path(), ordinary && !EntryAt(source).IsLink(), before.Size};
     if (const DWORD error = CopyContent(job, whileCopying)) return Failure("copy", from, error);
-    const Handle completed = Completed(copy, before, original.Attributes);
-    if (!completed.IsOpen()) return Failure("copy", from, ::GetLastError());
+    const Handle held = Held(copy, before);
+    if (!held.IsOpen()) return Failure("copy", from, ::GetLastError());
     const FileStatus after = StatusAt(source);
     if (after.Size != before.Size || after.Time != before.Time)
         return Failure("copy", from, ERROR_FILE_INVALID);  // changed meanwhile

@@ -49,8 +49,32 @@ DWORD CopyBySystem(const CopyJob& job) {
     return copied ? ERROR_SUCCESS : ::GetLastError();
 }
 
+DWORD FlushFile(const wchar_t* path) {
+    const Handle file(::CreateFileW(path, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                                    nullptr, OPEN_EXISTING, 0, nullptr));
+    return file.IsOpen() && ::FlushFileBuffers(file.Get()) ? ERROR_SUCCESS : ::GetLastError();
+}
+
+// A file whose content is still in memory when the power goes would be left with its name, size
+// and time, but empty.
+DWORD FlushCopy(const CopyJob& job) {
+    constexpr DWORD kKept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
+    const wchar_t* path = job.To.c_str();
+    const DWORD attributes = ::GetFileAttributesW(path);
+    if (attributes == INVALID_FILE_ATTRIBUTES) return ::GetLastError();
+    if (!(attributes & FILE_ATTRIBUTE_READONLY)) return FlushFile(path);
+    // Writable for this moment. Whether it is hidden, the source knows: to some file systems every
+    // name that begins with a dot is.
+    const DWORD original = ::GetFileAttributesW(job.From.c_str()) & kKept;
+    ::SetFileAttributesW(path, FILE_ATTRIBUTE_NORMAL);
+    const DWORD error = FlushFile(path);
+    ::SetFileAttributesW(path, original | FILE_ATTRIBUTE_READONLY);
+    return error;
+}
+
 DWORD Copy(const CopyJob& job) {
-    return job.ByShell ? CopyByShell(job) : CopyBySystem(job);
+    const DWORD error = job.ByShell ? CopyByShell(job) : CopyBySystem(job);
+    return error == ERROR_SUCCESS ? FlushCopy(job) : error;
 }
 
 // A copy in a thread of its own; the end of this object waits for it.

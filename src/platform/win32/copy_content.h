@@ -20,9 +20,10 @@ struct CopyJob {
     std::int64_t Size = 0;
 };
 
-// Copies content, times and attributes without showing anything. ERROR_SUCCESS or the system's
-// error; then a part of the copy may stand at `To`. A success of the shell is not to be trusted
-// unseen. `whileCopying` is called every 15 milliseconds when the file is large.
+// Copies content, times and attributes without showing anything, and sees to it that the content is
+// on the disk. ERROR_SUCCESS or the system's error; then a part of the copy may stand at `To`. What
+// the shell has copied must still be compared with its source. `whileCopying` is called every 15
+// milliseconds when the file is large.
 DWORD CopyContent(const CopyJob& job, const std::function<void()>& whileCopying);
 
 }  // namespace platform::win32
