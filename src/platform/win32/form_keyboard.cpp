@@ -67,9 +67,14 @@ void FormKeyboard::FocusFirst() {
     if (const Control* first = NextStop(form_, nullptr, Direction::Forward)) Focus(*first);
 }
 
+// Not on a text that can only be read: the keys should have something to do.
 void FormKeyboard::FocusFirstIn(const Control& picture) {
-    const Control* first = NextStop(form_, &picture, Direction::Forward);
-    if (first && first->Container() == &picture) Focus(*first);
+    const Control* stop = NextStop(form_, &picture, Direction::Forward);
+    while (stop && stop->Container() == &picture) {
+        const auto* text = dynamic_cast<const TextBox*>(stop);
+        if (!text || !text->ReadOnly()) return Focus(*stop);
+        stop = NextStop(form_, stop, Direction::Forward);
+    }
 }
 
 void FormKeyboard::RememberFocus() {

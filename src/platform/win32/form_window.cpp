@@ -1,6 +1,7 @@
 #include "platform/win32/form_window.h"
 
 #include <memory>
+#include <stdexcept>
 #include <utility>
 
 #include "platform/win32/colors.h"
@@ -71,6 +72,7 @@ void FormWindow::MakeWindow(HWND owner) {
                                 owner ? kDialogStyle : kMainStyle, area.left, area.top,
                                 area.right - area.left, area.bottom - area.top, owner, nullptr,
                                 ::GetModuleHandleW(nullptr), this);
+    if (!window_) throw std::runtime_error("The system makes no window.");
 }
 
 void FormWindow::FillWindow() {
@@ -192,10 +194,10 @@ Result FormWindow::OnCopyData(const WindowMessage& message) {
 }
 
 Result FormWindow::OnDpiChanged(const WindowMessage& message) {
+    SetScale(HIWORD(message.Word));
     const RECT& area = *reinterpret_cast<const RECT*>(message.Long);
     ::SetWindowPos(window_, nullptr, area.left, area.top, area.right - area.left,
                    area.bottom - area.top, SWP_NOZORDER | SWP_NOACTIVATE);
-    SetScale(HIWORD(message.Word));
     return 0;
 }
 

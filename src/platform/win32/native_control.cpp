@@ -44,10 +44,11 @@ NativeControl* NativeControl::Of(HWND window) {
 }
 
 void NativeControl::Update() {
-    const RECT area = context_.Scaling.Pixels(control_.Place());
-    if (!::EqualRect(&area, &area_)) Move(area_ = area);
     const HFONT font = context_.Lettering->Get(control_.Bold());
     if (font != font_) Send(WM_SETFONT, reinterpret_cast<WPARAM>(font_ = font), TRUE);
+    const RECT area = context_.Scaling.Pixels(control_.Place());
+    if (!::EqualRect(&area, &area_))
+        Move(area_ = area);  // after the font: it changes a combo's height
     UpdateContent();
     if (enabled_ != control_.Enabled()) ::EnableWindow(window_, enabled_ = control_.Enabled());
     if (back_ != control_.BackColor() || fore_ != control_.ForeColor()) {

@@ -9,11 +9,13 @@ NativeTextBox::NativeTextBox(TextBox& box, FormContext& context, HWND parent, in
 }
 
 void NativeTextBox::OnCommand(WORD code) {
-    if (code == EN_CHANGE) box_.SetText(WindowText());
+    if (code == EN_CHANGE && !telling_) box_.SetText(WindowText());
 }
 
 void NativeTextBox::UpdateContent() {
+    telling_ = true;
     ShowText(box_.Text());
+    telling_ = false;
     if (readOnly_ != box_.ReadOnly()) Send(EM_SETREADONLY, readOnly_ = box_.ReadOnly());
 }
 

@@ -18,6 +18,7 @@ class NativeTextBox : public NativeControl {
 
   private:
     TextBox& box_;
+    bool telling_ = false;   // the window: what it reports meanwhile is not the user's
     bool readOnly_ = false;  // as the window was last told
 };
 
