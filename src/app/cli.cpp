@@ -116,7 +116,7 @@ class Run {
     void PrintRows(const compare::ItemList& rows) {
         if (options_.Quiet) return;
         RowPrinter printer(output_, options_.Format, platform::IsTerminal(Stream::Output));
-        if (!rows.empty() || options_.Command == CliCommand::Compare) printer.PrintHeader();
+        printer.PrintHeader();
         for (const compare::CompareItem& item : rows)
             printer.Print(item, grid::DirectionText(Form().CurrentViewCode(), item.Code));
     }

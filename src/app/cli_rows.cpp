@@ -46,15 +46,28 @@ void AppendHex(unsigned char byte, std::string& text) {
     text += kHexDigits[byte & 15];
 }
 
+// The code of a character of two or three bytes.
+unsigned CodeOf(std::string_view character) {
+    const auto tail = [character](std::size_t i) {
+        return static_cast<unsigned char>(character[i]) & 0x3FU;
+    };
+    const auto first = static_cast<unsigned char>(character[0]);
+    return character.size() == 2 ? (first & 0x1FU) << 6 | tail(1)
+                                 : (first & 0x0FU) << 12 | tail(1) << 6 | tail(2);
+}
+
 // The C1 controls and the marks that turn the reading direction.
 bool SteersTerminal(std::string_view character) {
-    if (character.size() == 2)
-        return character[0] == '\xC2' && static_cast<unsigned char>(character[1]) < 0xA0;
-    if (character.size() != 3 || character[0] != '\xE2') return false;
-    const unsigned code = (static_cast<unsigned char>(character[1]) & 0x3FU) << 6 |
-                          (static_cast<unsigned char>(character[2]) & 0x3FU) | 0x2000U;
-    return code == 0x200E || code == 0x200F || (code >= 0x2028 && code <= 0x202E) ||
+    if (character.size() != 2 && character.size() != 3) return false;
+    const unsigned code = CodeOf(character);
+    return code < 0xA0 || code == 0x200E || code == 0x200F || (code >= 0x2028 && code <= 0x202E) ||
            (code >= 0x2066 && code <= 0x2069);
+}
+
+void AppendJsonEscape(unsigned code, std::string& text) {
+    text += "\\u";
+    AppendHex(static_cast<unsigned char>(code >> 8), text);
+    AppendHex(static_cast<unsigned char>(code & 0xFF), text);
 }
 
 void AppendJsonControl(unsigned char byte, std::string& text) {
@@ -69,8 +82,7 @@ void AppendJsonControl(unsigned char byte, std::string& text) {
             text += "\\t";
             return;
         default:
-            text += "\\u00";
-            AppendHex(byte, text);
+            AppendJsonEscape(byte, text);
     }
 }
 
@@ -114,25 +126,23 @@ void AppendJsonText(std::string_view value, std::string& text) {
     std::size_t at = 0;
     while (at < value.size()) {
         const auto byte = static_cast<unsigned char>(value[at]);
-        if (byte >= 0x20 && byte < 0x80 && byte != '"' && byte != '\\') {
+        if (byte >= 0x20 && byte < 0x7F && byte != '"' && byte != '\\') {
             ++at;
             continue;
         }
-        if (const std::size_t length = byte < 0x80 ? 0 : LongCharacter(value.substr(at))) {
-            at += length;
-            continue;
-        }
-        text.append(value, plain, at - plain);
-        if (byte >= 0x80) {
-            text += "\\udc";
-            AppendHex(byte, text);
-        } else if (byte >= 0x20) {
-            text += '\\';
-            text += value[at];
-        } else {
+        const std::size_t length = byte < 0x80 ? 0 : LongCharacter(value.substr(at));
+        const std::string_view character = value.substr(at, length == 0 ? 1 : length);
+        const bool steers = length != 0 && SteersTerminal(character);
+        at += character.size();
+        if (length != 0 && !steers) continue;
+        text.append(value, plain, at - character.size() - plain);
+        plain = at;
+        if (steers)
+            AppendJsonEscape(CodeOf(character), text);
+        else if (byte >= 0x80)
+            AppendJsonEscape(0xDC00U | byte, text);
+        else
             AppendJsonControl(byte, text);
-        }
-        plain = ++at;
     }
     text.append(value, plain, at - plain);
     text += '"';

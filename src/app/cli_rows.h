@@ -49,7 +49,8 @@ class RowPrinter {
 // A tab, line feed, carriage return or backslash is written \t, \n, \r, \\.
 void AppendTsvField(std::string_view field, std::string& text);
 
-// Between quotation marks. A byte that is not valid UTF-8 is written \udcXX.
+// Between quotation marks. Controls and marks that turn the reading direction are written \uXXXX, a
+// byte that is not valid UTF-8 \udcXX.
 void AppendJsonText(std::string_view value, std::string& text);
 
 // Control characters, bytes that are no UTF-8 and marks that turn the reading direction as \xXX,

@@ -92,7 +92,9 @@ class FileRegistry : public Registry {
 }  // namespace
 
 std::unique_ptr<Registry> OpenSystemRegistry() {
-    return std::make_unique<FileRegistry>(ConfigurationFolder() + "/varnel");
+    const std::string folder = ConfigurationFolder();
+    // Without a home there is nothing to remember: below a file no folder can be made.
+    return std::make_unique<FileRegistry>(folder.empty() ? "/dev/null" : folder + "/varnel");
 }
 
 }  // namespace platform
