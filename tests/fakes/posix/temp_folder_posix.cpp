@@ -72,6 +72,7 @@ std::vector<std::string> NamesIn(int folder) {
 // Empties a folder that holds no folders but these: what they hold in folders is moved up first, so
 // that depth costs nothing.
 void RemoveTree(const std::string& root) {
+    ::chmod(root.c_str(), 0700);
     const Descriptor top(::open(root.c_str(), kOpenFolder));
     int moved = 0;
     for (auto names = NamesIn(top); !names.empty(); names = NamesIn(top)) {
