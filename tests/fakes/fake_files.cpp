@@ -124,6 +124,7 @@ void FakeFiles::AddFolder(std::string_view name) {
 void FakeFiles::Remove(std::string_view name) {
     const std::size_t slash = name.rfind('/');
     Node* parent = Find(slash == name.npos ? std::string_view() : name.substr(0, slash));
+    if (!Find(name)) return;
     const auto found = parent->Entries.find(LastPart(name));
     std::erase(parent->Order, found->second.get());
     parent->Entries.erase(found);

@@ -28,7 +28,7 @@ class FakeFiles : public platform::FileSystem {
     // Missing folders above are made; an existing file gets the new time and size.
     void AddFile(std::string_view name, platform::FileTime time, std::int64_t size);
     void AddFolder(std::string_view name);
-    void Remove(std::string_view name);
+    void Remove(std::string_view name);  // if it is there
     void RefuseListing(std::string_view folder);
     platform::FileStatus StatusOf(std::string_view name) const;
 
