@@ -41,8 +41,9 @@ void CompareCommand::Compare() {
         RequestStop();
         return;
     }
-    parts_.Host.DoEvents();
+    // Before the first yield: a window that is closed there has requested a stop.
     parts_.Table.StopRequested = false;
+    parts_.Host.DoEvents();
     parts_.Host.DoEvents();
     SetCaptionAndYield(panel_.Command3, "Stop");
 
