@@ -37,9 +37,15 @@ struct KernelEntry {
     char Name[1];
 };
 
+// A file may bear the last time that 64 bits hold: the sum wraps, and times stay different.
+std::int64_t FromZeroDate(std::int64_t unixSeconds) {
+    return static_cast<std::int64_t>(static_cast<std::uint64_t>(unixSeconds) +
+                                     static_cast<std::uint64_t>(kUnixOrigin));
+}
+
 FileStatus StatusOf(const struct stat& info) {
     if (S_ISDIR(info.st_mode)) return {};
-    return {{info.st_mtim.tv_sec + kUnixOrigin, static_cast<std::int32_t>(info.st_mtim.tv_nsec)},
+    return {{FromZeroDate(info.st_mtim.tv_sec), static_cast<std::int32_t>(info.st_mtim.tv_nsec)},
             info.st_size};
 }
 

@@ -6,8 +6,10 @@
 #include <cerrno>
 #include <cstdlib>
 #include <string>
+#include <string_view>
 #include <utility>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -75,11 +77,21 @@ class FileRegistry : public Registry {
 
     void DeleteKey(const std::string& key) override {
         const std::string folder = FolderOf(key);
+        if (HasSubkeys(folder)) return;
         ::unlink((folder + kValueFile).c_str());
         ::rmdir(folder.c_str());
     }
 
   private:
+    static bool HasSubkeys(const std::string& folder) {
+        const std::unique_ptr<DIR, int (*)(DIR*)> opened(::opendir(folder.c_str()), ::closedir);
+        while (const dirent* entry = opened ? ::readdir(opened.get()) : nullptr) {
+            const std::string_view name(entry->d_name);
+            if (entry->d_type == DT_DIR && name != "." && name != "..") return true;
+        }
+        return false;
+    }
+
     std::string FolderOf(const std::string& key) const {
         std::string path = key;
         std::replace(path.begin(), path.end(), '\\', '/');
