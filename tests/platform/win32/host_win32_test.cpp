@@ -327,6 +327,22 @@ TEST_F(HostTest, KeysGoToTheControlsThatAreMeant) {
     EXPECT_EQ(::GetFocus(), Child(text_));
 }
 
+TEST_F(HostTest, AMonitorOfAnotherScaleLaysOutAnew) {
+    Show();
+    RECT suggested{100, 100, 1300, 1100};
+    ::SendMessageW(window_, WM_DPICHANGED, MAKEWPARAM(192, 192),
+                   reinterpret_cast<LPARAM>(&suggested));
+    RECT area;
+    ::GetWindowRect(window_, &area);
+    EXPECT_TRUE(::EqualRect(&area, &suggested));
+    ::GetWindowRect(Child(button_), &area);
+    ::MapWindowPoints(HWND_DESKTOP, window_, reinterpret_cast<POINT*>(&area), 2);
+    const RECT doubled{20, 80, 220, 130};
+    EXPECT_TRUE(::EqualRect(&area, &doubled)) << area.left << " " << area.top;
+    EXPECT_EQ(form_.Bounds.Left, 750);
+    EXPECT_EQ(form_.Bounds.Width, 9000);
+}
+
 TEST_F(HostTest, AnotherProgramCanReadAWindowlessLabel) {
     Show();
     label_.SetForeColor(0x000000FF);
