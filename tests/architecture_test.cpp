@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <fstream>
 #include <optional>
-#include <regex>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -57,23 +56,49 @@ constexpr Floor kFloors[] = {
     {12, "app/main_"},
 };
 
+// A line "# include <x>": its first word and the rest.
+struct Directive {
+    std::string Word;
+    std::string Rest;
+
+    bool IsInclude(char open) const { return Word == "include" && Rest.starts_with(open); }
+    // "x" of "<x>" or of its like.
+    std::string Included() const { return Rest.substr(1, Rest.find_first_of(">\"", 1) - 1); }
+};
+
+bool AsksForSystem(const Directive& directive) {
+    if (directive.Word.find("if") == std::string::npos) return false;
+    const char* const names[] = {"WIN32", "WIN64", "linux",  "unix",
+                                 "APPLE", "MINGW", "CYGWIN", "_MSC_VER"};
+    return std::any_of(std::begin(names), std::end(names), [&](const char* name) {
+        return directive.Rest.find(name) != std::string::npos;
+    });
+}
+
+bool IncludesWindows(const Directive& directive) {
+    return directive.IsInclude('<') &&
+           (directive.Included() == "windows.h" || directive.Included() == "Windows.h");
+}
+
+bool IncludesPosix(const Directive& directive) {
+    if (!directive.IsInclude('<')) return false;
+    const std::string header = directive.Included();
+    const char* const headers[] = {"unistd.h", "fcntl.h", "dirent.h", "signal.h", "pthread.h"};
+    return header.starts_with("sys/") || header.starts_with("linux/") ||
+           std::find(std::begin(headers), std::end(headers), header) != std::end(headers);
+}
+
 // What only some files may do.
 struct Privilege {
     std::string_view What;
-    const char* Pattern;  // of a line
+    bool (*Uses)(const Directive&);
     std::vector<std::string_view> Starts;
 };
 
 const Privilege kPrivileges[] = {
-    {"depends on the system at compile time",
-     R"(^\s*#\s*(el)?if(n?def)?\b.*(WIN32|WIN64|linux|unix|APPLE|MINGW|CYGWIN|_MSC_VER|__GNUC__))",
-     {"platform/", "app/main_"}},
-    {"includes <windows.h>",
-     R"(^\s*#\s*include\s*<[Ww]indows\.h>)",
-     {"platform/win32/", "app/main_window.cpp"}},
-    {"includes a header of POSIX",
-     R"(^\s*#\s*include\s*<(sys/.*|linux/.*|unistd|fcntl|dirent|signal|pthread|pwd)\.h>)",
-     {"platform/posix/", "app/main_"}},
+    {"asks which system it is compiled for", AsksForSystem, {"platform/", "app/main_"}},
+    {"includes <windows.h>", IncludesWindows, {"platform/win32/", "app/main_window.cpp"}},
+    {"includes a header of POSIX", IncludesPosix, {"platform/posix/", "app/main_"}},
 };
 
 bool StartsWithAny(std::string_view path, const std::vector<std::string_view>& starts) {
@@ -125,17 +150,30 @@ bool MayInclude(const std::string& from, const std::string& to) {
 
 struct Source {
     std::string Path;  // below src/, with "/"
-    std::vector<std::string> Lines;
+    std::vector<Directive> Directives;
 
     std::vector<std::string> Includes() const {
-        static const std::regex pattern(R"re(^\s*#\s*include\s*"([^"]+)")re");
         std::vector<std::string> includes;
-        std::smatch match;
-        for (const std::string& line : Lines)
-            if (std::regex_search(line, match, pattern)) includes.push_back(match[1]);
+        for (const Directive& directive : Directives)
+            if (directive.IsInclude('"')) includes.push_back(directive.Included());
         return includes;
     }
 };
+
+std::vector<Directive> ReadDirectives(const fs::path& path) {
+    std::vector<Directive> directives;
+    std::ifstream file(path);
+    for (std::string line; std::getline(file, line);) {
+        std::size_t at = line.find_first_not_of(" \t");
+        if (at == line.npos || line[at] != '#') continue;
+        at = line.find_first_not_of(" \t", at + 1);
+        if (at == line.npos) continue;
+        const std::size_t end = std::min(line.find_first_of(" \t<\"", at), line.size());
+        const std::size_t rest = std::min(line.find_first_not_of(" \t", end), line.size());
+        directives.push_back({line.substr(at, end - at), line.substr(rest)});
+    }
+    return directives;
+}
 
 std::vector<Source> ReadSources() {
     const fs::path root = fs::path(VARNEL_SOURCE_DIR) / "src";
@@ -143,10 +181,8 @@ std::vector<Source> ReadSources() {
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(root)) {
         const std::string ending = entry.path().extension().string();
         if (ending != ".h" && ending != ".cpp") continue;
-        Source source{entry.path().lexically_relative(root).generic_string(), {}};
-        std::ifstream file(entry.path());
-        for (std::string line; std::getline(file, line);) source.Lines.push_back(line);
-        sources.push_back(std::move(source));
+        sources.push_back(
+            {entry.path().lexically_relative(root).generic_string(), ReadDirectives(entry.path())});
     }
     return sources;
 }
@@ -192,12 +228,11 @@ TEST(Architecture, NoHeaderIncludesItselfByAnyWay) {
 
 TEST(Architecture, WhatIsOfOneSystemStandsInItsPlace) {
     for (const Privilege& privilege : kPrivileges) {
-        const std::regex pattern(privilege.Pattern);
         for (const Source& source : Sources()) {
             if (StartsWithAny(source.Path, privilege.Starts)) continue;
-            for (const std::string& line : source.Lines)
-                EXPECT_FALSE(std::regex_search(line, pattern))
-                    << source.Path << ' ' << privilege.What << ": " << line;
+            for (const Directive& directive : source.Directives)
+                EXPECT_FALSE(privilege.Uses(directive))
+                    << source.Path << ' ' << privilege.What << ": " << directive.Rest;
         }
     }
 }
@@ -231,6 +266,11 @@ TEST(Architecture, TheRuleTellsRightFromWrong) {
         {"app/main_window.cpp", "platform/win32/host.h", true},
     };
     for (const Case& c : cases) EXPECT_EQ(MayInclude(c.From, c.To), c.May) << c.From << c.To;
+    EXPECT_TRUE(AsksForSystem({"ifdef", "_WIN32"}) &&
+                AsksForSystem({"elif", "defined(__linux__)"}));
+    EXPECT_FALSE(AsksForSystem({"ifdef", "NDEBUG"}) || AsksForSystem({"include", "<linux/fs.h>"}));
+    EXPECT_TRUE(IncludesWindows({"include", "<windows.h>"}));
+    EXPECT_TRUE(IncludesPosix({"include", "<sys/stat.h>  // for us"}));
     for (const char* path : {"tools/a.h", "grid/new_file.h", "platform/macos/files.cpp", "app/x.h"})
         EXPECT_FALSE(FloorOf(path)) << path;
 }
