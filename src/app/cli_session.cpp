@@ -75,6 +75,8 @@ void CliSession::ReportTroubles() {
     const auto named = static_cast<std::int64_t>(troubles.UnreadableFolders.size());
     if (troubles.UnreadableCount > named)
         Say("cannot read " + std::to_string(troubles.UnreadableCount - named) + " more folders");
+    if (troubles.UnansweredLookUps != 0)
+        Say("cannot look at " + std::to_string(troubles.UnansweredLookUps) + " files or folders");
 }
 
 // Called several times a file: the clock is looked at only now and then.

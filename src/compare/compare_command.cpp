@@ -98,6 +98,7 @@ void CompareCommand::FillTable() {
     labels.LabelAllFile.SetVisible(false);
     SetCaptionAndYield(labels.lblComparing, "Comparing ...");
 
+    const std::int64_t unansweredBefore = parts_.Files.UnansweredLookUps();
     Classify visitor(classifier_);
     FolderScanner scanner(parts_.Files, parts_.Host, visitor, table.StopRequested);
     table.Fcount = 0;
@@ -117,6 +118,8 @@ void CompareCommand::FillTable() {
     scanner.WalkFolder(folder2_, folder1_, table.Fcount, Side::Two);
     parts_.Host.DoEvents();
     troubles_ = scanner.Troubles();
+    troubles_.UnansweredLookUps = parts_.Files.UnansweredLookUps() - unansweredBefore;
+    table.Incomplete = troubles_.MayHaveOverlooked();
 
     table.BuildNewChgList();
     parts_.Host.DoEvents();

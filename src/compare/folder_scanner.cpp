@@ -121,7 +121,7 @@ FolderScanner::FolderScanner(platform::FileSystem& files, platform::FormHost& ho
 ScannedTree& FolderScanner::TreeOf(Side side, const std::string& root) {
     auto& tree = trees_[IndexOf(side)];
     if (!tree || tree->RootPath() != root)
-        tree = std::make_unique<ScannedTree>(files_, texts_->Names, troubles_, root);
+        tree = std::make_unique<ScannedTree>(files_, texts_->Names, recent_, troubles_, root);
     return *tree;
 }
 
@@ -171,8 +171,9 @@ void FolderScanner::ListBoth(ScannedFolder& found, Side side) {
     if (!other) return;
     ScannedTree& otherTree = *trees_[IndexOf(Opposite(side))];
     otherTree.List(*other);
-    // What cannot be listed may still be looked into, name by name.
-    if (!other->Readable)
+    // What cannot be listed may still be looked into, name by name; so must be what lies beside a
+    // listing that broke off.
+    if (!other->Readable || !found.Readable)
         for (ScannedFolder* folder : found.Subfolders)
             folder->Other = otherTree.Probe(*other, *folder);
     if (found.Paired || !found.Readable || !other->Readable) return;

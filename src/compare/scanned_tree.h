@@ -21,9 +21,13 @@ struct ScanTroubles {
 
     std::vector<platform::Outcome> UnreadableFolders;  // the first kMostNamed
     std::int64_t UnreadableCount = 0;
+    std::int64_t UnansweredLookUps = 0;  // of files and of folders
     std::vector<std::string> Leftovers;  // full paths of what killed copies left behind
 
     void AddUnreadable(platform::Outcome outcome);
+
+    // Something that was taken for missing may be there.
+    bool MayHaveOverlooked() const { return UnreadableCount != 0 || UnansweredLookUps != 0; }
 };
 
 struct ScannedFile {
@@ -53,15 +57,33 @@ struct ScannedFolder {
     ScannedFolder* Other = nullptr;    // the same folder on the other side
     const FolderPair* Pair = nullptr;  // what its rows point to
     std::optional<platform::FolderIdentity> Identity;
+    std::unique_ptr<platform::Folder> Opened;  // while it is among the recent
 
     std::string_view Text() const { return {Name, Length}; }
 };
 
+// The folders that are likely to be needed again stay open, those of both trees together: a
+// subfolder is opened from its parent, and a walk comes back to the parents of a level one after
+// the other.
+class RecentFolders {
+  public:
+    // Closes the folder kept longest in exchange.
+    void Keep(ScannedFolder& folder);
+    // False when there was none.
+    bool CloseAll();
+
+  private:
+    static constexpr std::size_t kMost = 200;  // a process may have about a thousand open files
+    std::vector<ScannedFolder*> folders_ = std::vector<ScannedFolder*>(kMost);
+    std::size_t next_ = 0;
+};
+
 class ScannedTree {
   public:
-    // `names` keeps the names and must outlive the tree. `root` ends in a separator.
-    ScannedTree(platform::FileSystem& files, platform::TextArena& names, ScanTroubles& troubles,
-                std::string root);
+    // `names` keeps the names; it, `recent` and `troubles` must outlive the tree. `root` ends in a
+    // separator.
+    ScannedTree(platform::FileSystem& files, platform::TextArena& names, RecentFolders& recent,
+                ScanTroubles& troubles, std::string root);
 
     ScannedFolder& Root() { return folders_.front(); }
     const std::string& RootPath() const { return rootPath_; }
@@ -83,25 +105,16 @@ class ScannedTree {
     ScannedFolder& AddSubfolder(ScannedFolder& parent, const char* name, std::uint16_t length);
     bool LeadsBackUp(ScannedFolder& link);
     std::optional<platform::FolderIdentity> IdentityOf(ScannedFolder& folder);
-    platform::Folder* OpenRecent(const ScannedFolder& folder);
-    platform::Folder* Keep(ScannedFolder& folder, std::unique_ptr<platform::Folder> opened);
+    std::unique_ptr<platform::Folder> OpenFromAbove(ScannedFolder& folder);
 
     platform::FileSystem& files_;
     platform::TextArena& names_;
+    RecentFolders& recent_;
     ScanTroubles& troubles_;
     const std::string rootPath_;
     std::deque<ScannedFolder> folders_;
     platform::Outcome openFailure_;
     platform::Listing listing_;  // kept for its capacity
-
-    // Open folders that are likely to be needed next: a subfolder is opened from its parent.
-    struct OpenFolder {
-        const ScannedFolder* Of = nullptr;
-        std::unique_ptr<platform::Folder> Handle;
-    };
-    std::vector<OpenFolder> recent_;
-    std::size_t lastUsed_ = 0;
-    std::size_t nextReplaced_ = 0;
 };
 
 }  // namespace compare

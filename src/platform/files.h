@@ -86,6 +86,11 @@ class FileSystem {
     virtual bool FolderExists(const std::string& path) = 0;
     virtual FileStatus Look(const std::string& path) = 0;
 
+    // How many look-ups, here and in the folders opened here, have met neither a yes nor a no since
+    // the program started (an error of the disk, a folder that may not be entered): what was asked
+    // for may be there although it is taken for missing.
+    virtual std::int64_t UnansweredLookUps() const { return 0; }
+
     // One level; an existing folder is a failure.
     virtual Outcome CreateFolder(const std::string& path) = 0;
 

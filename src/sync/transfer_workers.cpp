@@ -62,8 +62,17 @@ void TransferWorkers::Run(SyncMode mode, Category category, const std::string& r
     parts_.LabelAllFile.SetVisible(true);
 }
 
+bool TransferWorkers::WasOverlooked(const compare::CompareItem& item) {
+    const bool rightward = code::IsRightward(item.Code);
+    if (!parts_.Table.Incomplete || (rightward ? item.HasSize2() : item.HasSize1())) return false;
+    const std::int64_t unanswered = parts_.Files.UnansweredLookUps();
+    return parts_.Files.Look(rightward ? item.Path2() : item.Path1()).Exists() ||
+           parts_.Files.UnansweredLookUps() != unanswered;
+}
+
 void TransferWorkers::Transfer(const compare::CompareItem& item, const std::string& root1,
                                const std::string& root2) {
+    if (WasOverlooked(item)) return;
     switch (item.Code) {
         case code::kCopyRight:
             operations_.CopyToCounterpart(item.Path1(), root1, root2);

@@ -49,25 +49,42 @@ FileStatus StatusOf(const struct stat& info) {
             info.st_size};
 }
 
+std::int64_t unansweredLookUps = 0;
+
+// After a failed look-up: counts it unless its error says that there is nothing of that name.
+void NoteUnanswered() {
+    if (errno != ENOENT && errno != ENOTDIR && errno != ELOOP && errno != ENAMETOOLONG)
+        ++unansweredLookUps;
+}
+
+bool Described(int folder, const char* path, struct stat& info) {
+    if (::fstatat(folder, path, &info, 0) == 0) return true;
+    NoteUnanswered();
+    return false;
+}
+
 FileStatus StatusAt(int folder, const char* path) {
     struct stat info;
-    return ::fstatat(folder, path, &info, 0) == 0 ? StatusOf(info) : FileStatus{};
+    return Described(folder, path, info) ? StatusOf(info) : FileStatus{};
 }
 
 bool IsFolderAt(int folder, const char* path) {
     struct stat info;
-    return ::fstatat(folder, path, &info, 0) == 0 && S_ISDIR(info.st_mode);
+    return Described(folder, path, info) && S_ISDIR(info.st_mode);
 }
 
 // Opened for listing; where that is not allowed, at least for look-ups.
 Descriptor OpenFolderAt(int base, const char* path) {
     const ReachedPath reached(base, path);
-    if (!reached.Ok()) return {};
-    Descriptor opened(
-        ::openat(reached.At(), reached.Rest(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK));
-    if (!opened.IsOpen() && errno == EACCES)
-        opened =
-            Descriptor(::openat(reached.At(), reached.Rest(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    Descriptor opened;
+    if (reached.Ok()) {
+        opened = Descriptor(::openat(reached.At(), reached.Rest(),
+                                     O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK));
+        if (!opened.IsOpen() && errno == EACCES)
+            opened = Descriptor(
+                ::openat(reached.At(), reached.Rest(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    }
+    if (!opened.IsOpen()) NoteUnanswered();
     return opened;
 }
 
@@ -133,8 +150,10 @@ EntryKind PosixFolder::KindOf(const KernelEntry& entry) {
             return EntryKind::File;
     }
     struct stat info;
-    if (::fstatat(opened_.Get(), entry.Name, &info, AT_SYMLINK_NOFOLLOW) != 0)
+    if (::fstatat(opened_.Get(), entry.Name, &info, AT_SYMLINK_NOFOLLOW) != 0) {
+        NoteUnanswered();
         return EntryKind::File;
+    }
     if (S_ISLNK(info.st_mode)) return EntryKind::Link;
     return S_ISDIR(info.st_mode) ? EntryKind::Folder : EntryKind::File;
 }
@@ -155,8 +174,12 @@ class PosixFileSystem : public FileSystem {
 
     FileStatus Look(const std::string& path) override {
         const ReachedPath reached(AT_FDCWD, path.c_str());
-        return reached.Ok() ? StatusAt(reached.At(), reached.Rest()) : FileStatus{};
+        if (reached.Ok()) return StatusAt(reached.At(), reached.Rest());
+        NoteUnanswered();
+        return {};
     }
+
+    std::int64_t UnansweredLookUps() const override { return unansweredLookUps; }
 
     Outcome CreateFolder(const std::string& path) override {
         const ReachedPath reached(AT_FDCWD, path.c_str());

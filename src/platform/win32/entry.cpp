@@ -12,14 +12,33 @@ FileStatus StatusFrom(FILETIME written, DWORD sizeHigh, DWORD sizeLow) {
             static_cast<std::int64_t>(std::uint64_t{sizeHigh} << 32 | sizeLow)};
 }
 
+std::int64_t unansweredLookUps = 0;
+
+void NoteUnanswered() {
+    switch (::GetLastError()) {
+        case ERROR_FILE_NOT_FOUND:
+        case ERROR_PATH_NOT_FOUND:
+        case ERROR_INVALID_NAME:
+        case ERROR_BAD_PATHNAME:
+        case ERROR_DIRECTORY:
+        case ERROR_FILENAME_EXCED_RANGE:
+        case ERROR_CANT_RESOLVE_FILENAME:
+            return;
+        default:
+            ++unansweredLookUps;
+    }
+}
+
 // What a path leads to.
 std::optional<BY_HANDLE_FILE_INFORMATION> InformationAt(const std::wstring& path) {
     const Handle opened(::CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES,
                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                                       nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
     BY_HANDLE_FILE_INFORMATION information;
-    if (!opened.IsOpen() || !::GetFileInformationByHandle(opened.Get(), &information))
+    if (!opened.IsOpen() || !::GetFileInformationByHandle(opened.Get(), &information)) {
+        NoteUnanswered();
         return std::nullopt;
+    }
     return information;
 }
 
@@ -27,7 +46,10 @@ Entry EntryInListing(const std::wstring& path) {
     WIN32_FIND_DATAW found;
     const HANDLE search = ::FindFirstFileExW(path.c_str(), FindExInfoBasic, &found,
                                              FindExSearchNameMatch, nullptr, 0);
-    if (search == INVALID_HANDLE_VALUE) return {};
+    if (search == INVALID_HANDLE_VALUE) {
+        NoteUnanswered();
+        return {};
+    }
     ::FindClose(search);
     return EntryFrom(found);
 }
@@ -56,7 +78,10 @@ Entry EntryAt(const std::wstring& path) {
     WIN32_FILE_ATTRIBUTE_DATA data;
     const BOOL described = ::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data);
     if (NeedsListing(described, data)) return EntryInListing(path);
-    if (!described) return {};
+    if (!described) {
+        NoteUnanswered();
+        return {};
+    }
     return {data.dwFileAttributes, 0,
             StatusFrom(data.ftLastWriteTime, data.nFileSizeHigh, data.nFileSizeLow)};
 }
@@ -75,6 +100,10 @@ bool IsFolderAt(const std::wstring& path) {
     if (!entry.IsLink()) return entry.IsFolder();
     const auto target = InformationAt(path);
     return target && (target->dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+std::int64_t UnansweredLookUps() {
+    return unansweredLookUps;
 }
 
 std::optional<FolderIdentity> IdentityAt(const std::wstring& path) {

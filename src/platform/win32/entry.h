@@ -1,6 +1,7 @@
 // One name in a folder as the system describes it. All paths are extended-length ones.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -34,6 +35,9 @@ Entry EntryAt(const std::wstring& path);
 FileStatus StatusAt(const std::wstring& path);
 
 bool IsFolderAt(const std::wstring& path);  // links followed
+
+// How many of these questions have met an error that does not say that nothing is there.
+std::int64_t UnansweredLookUps();
 
 // Of a file or a folder, links followed.
 std::optional<FolderIdentity> IdentityAt(const std::wstring& path);

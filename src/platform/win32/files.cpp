@@ -105,6 +105,8 @@ class WindowsFileSystem : public FileSystem {
         return win32::StatusAt(win32::ExtendedPath(path));
     }
 
+    std::int64_t UnansweredLookUps() const override { return win32::UnansweredLookUps(); }
+
     Outcome CreateFolder(const std::string& path) override {
         if (::CreateDirectoryW(win32::ExtendedPath(path).c_str(), nullptr)) return {};
         return Failure("create folder", path, ::GetLastError());
