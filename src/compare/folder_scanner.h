@@ -58,6 +58,7 @@ class FolderScanner : private FileLookUp {
     PairVisitor& visitor_;
     const bool& stopRequested_;
     ScanTroubles troubles_;
+    RecentFolders recent_;
     std::shared_ptr<RowTexts> texts_ = std::make_shared<RowTexts>();
     std::unique_ptr<ScannedTree> trees_[2];
     ScannedFolder* current_[2] = {};  // the folder in hand on each side; null where it has none

@@ -7,23 +7,37 @@
 
 namespace compare {
 
-namespace {
-constexpr std::size_t kRecentFolders = 16;
-}
-
 void ScanTroubles::AddUnreadable(platform::Outcome outcome) {
     ++UnreadableCount;
     if (UnreadableFolders.size() < kMostNamed) UnreadableFolders.push_back(std::move(outcome));
 }
 
+void RecentFolders::Keep(ScannedFolder& folder) {
+    ScannedFolder*& replaced = folders_[next_];
+    if (replaced) replaced->Opened.reset();
+    replaced = &folder;
+    next_ = (next_ + 1) % folders_.size();
+}
+
+bool RecentFolders::CloseAll() {
+    bool any = false;
+    for (ScannedFolder*& folder : folders_) {
+        if (!folder) continue;
+        any = true;
+        folder->Opened.reset();
+        folder = nullptr;
+    }
+    return any;
+}
+
 ScannedTree::ScannedTree(platform::FileSystem& files, platform::TextArena& names,
-                         ScanTroubles& troubles, std::string root)
+                         RecentFolders& recent, ScanTroubles& troubles, std::string root)
     : files_(files),
       names_(names),
+      recent_(recent),
       troubles_(troubles),
       rootPath_(std::move(root)),
-      folders_(1),
-      recent_(kRecentFolders) {}
+      folders_(1) {}
 
 void ScannedTree::List(ScannedFolder& folder) {
     if (folder.Listed) return;
@@ -110,25 +124,22 @@ std::optional<platform::FolderIdentity> ScannedTree::IdentityOf(ScannedFolder& f
     return folder.Identity;
 }
 
-platform::Folder* ScannedTree::OpenRecent(const ScannedFolder& folder) {
-    if (recent_[lastUsed_].Of == &folder) return recent_[lastUsed_].Handle.get();
-    for (std::size_t i = 0; i < recent_.size(); ++i) {
-        if (recent_[i].Of != &folder) continue;
-        lastUsed_ = i;
-        return recent_[i].Handle.get();
-    }
-    return nullptr;
+platform::Folder* ScannedTree::Open(ScannedFolder& folder) {
+    if (folder.Opened) return folder.Opened.get();
+    folder.Opened = OpenFromAbove(folder);
+    // The system may allow fewer open files than are kept here.
+    if (!folder.Opened && recent_.CloseAll()) folder.Opened = OpenFromAbove(folder);
+    if (folder.Opened && folder.Parent) recent_.Keep(folder);
+    return folder.Opened.get();
 }
 
-platform::Folder* ScannedTree::Open(ScannedFolder& folder) {
-    if (platform::Folder* opened = OpenRecent(folder)) return opened;
+// From the nearest open folder above, or from the root, which stays open.
+std::unique_ptr<platform::Folder> ScannedTree::OpenFromAbove(ScannedFolder& folder) {
     openFailure_ = {};
-    if (!folder.Parent) return Keep(folder, files_.OpenFolder(rootPath_, openFailure_));
-
-    // From the nearest open folder above, or from the root.
+    if (!folder.Parent) return files_.OpenFolder(rootPath_, openFailure_);
     std::vector<const ScannedFolder*> way{&folder};
     ScannedFolder* above = folder.Parent;
-    while (above->Parent && !OpenRecent(*above)) {
+    while (above->Parent && !above->Opened) {
         way.push_back(above);
         above = above->Parent;
     }
@@ -138,22 +149,7 @@ platform::Folder* ScannedTree::Open(ScannedFolder& folder) {
         relative += (*step)->Text();
     }
     platform::Folder* from = Open(*above);
-    if (!from) return nullptr;
-    return Keep(folder, from->Open(relative.c_str(), openFailure_));
-}
-
-// Replaces the open folder kept longest, but never the root.
-platform::Folder* ScannedTree::Keep(ScannedFolder& folder,
-                                    std::unique_ptr<platform::Folder> opened) {
-    if (!opened) return nullptr;
-    std::size_t place = 0;
-    if (folder.Parent) {
-        nextReplaced_ = nextReplaced_ % (kRecentFolders - 1) + 1;
-        place = nextReplaced_;
-    }
-    recent_[place] = {&folder, std::move(opened)};
-    lastUsed_ = place;
-    return recent_[place].Handle.get();
+    return from ? from->Open(relative.c_str(), openFailure_) : nullptr;
 }
 
 std::string ScannedTree::PathOf(const ScannedFolder& folder) const {
