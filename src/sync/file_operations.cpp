@@ -12,14 +12,14 @@ bool FileOperations::CopyOneFile(const std::string& from, const std::string& to)
 }
 
 // Only the leading root is taken off: its text may well occur again deeper in the path.
-void FileOperations::CopyToCounterpart(const std::string& sourcePath, const std::string& sourceRoot,
+bool FileOperations::CopyToCounterpart(const std::string& sourcePath, const std::string& sourceRoot,
                                        const std::string& destinationRoot) {
-    if (!rules::PassesCopyFilter(filter_, sourcePath)) return;
-    if (!sourcePath.starts_with(sourceRoot)) return;
+    if (!rules::PassesCopyFilter(filter_, sourcePath)) return false;
+    if (!sourcePath.starts_with(sourceRoot)) return false;
     const std::string destination = destinationRoot + sourcePath.substr(sourceRoot.size());
-    if (CopyOneFile(sourcePath, destination)) return;
+    if (CopyOneFile(sourcePath, destination)) return true;
     EnsureFolders(destinationRoot, destination);
-    CopyOneFile(sourcePath, destination);
+    return CopyOneFile(sourcePath, destination);
 }
 
 void FileOperations::EnsureFolders(const std::string& destinationRoot,

@@ -20,8 +20,9 @@ class FileOperations {
     bool CopyOneFile(const std::string& from, const std::string& to);
 
     // Copies a file to the same relative place below the other root, making missing folders.
-    // Both roots end in a separator; a file that does not lie below its root is not copied.
-    void CopyToCounterpart(const std::string& sourcePath, const std::string& sourceRoot,
+    // Both roots end in a separator; a file that does not lie below its root is not copied. False
+    // when the copy was not done.
+    bool CopyToCounterpart(const std::string& sourcePath, const std::string& sourceRoot,
                            const std::string& destinationRoot);
 
     // Creates every folder between the root and the file named by `destinationPath`.

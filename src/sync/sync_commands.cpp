@@ -126,7 +126,7 @@ void SyncCommands::Work(Mode mode, Category category) {
     compare::ItemList handled = HandledRows(table.ListOf(category), mode, category,
                                             before - table.PendingCount(mode, category));
     table.BuildNewChgList();
-    refresh_.Run(std::move(handled));
+    refresh_.Run(std::move(handled), workers_.Copied());
     parts_.Owner.ShowFromStart("SyncAll");
 }
 

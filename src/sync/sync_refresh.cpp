@@ -21,9 +21,10 @@ bool WithinTwoSeconds(platform::FileTime a, platform::FileTime b) {
     return seconds < 2 || (seconds == 2 && b.Nanoseconds < a.Nanoseconds);
 }
 
-bool Succeeded(const CompareItem& item) {
-    return item.HasSize1() && item.HasSize2() && item.Bytes1 == item.Bytes2 &&
-           WithinTwoSeconds(item.Time1, item.Time2);
+// The file that a copy did not replace may well be that near to the other one.
+bool Succeeded(const CompareItem& item, bool copied) {
+    if (!item.HasSize1() || !item.HasSize2() || item.Bytes1 != item.Bytes2) return false;
+    return copied ? WithinTwoSeconds(item.Time1, item.Time2) : item.Time1 == item.Time2;
 }
 
 }  // namespace
@@ -39,10 +40,10 @@ ItemList HandledRows(const ItemList& worked, compare::SyncMode mode, compare::Ca
     return handled;
 }
 
-void SyncRefresh::Run(ItemList handled) {
+void SyncRefresh::Run(ItemList handled, const std::vector<bool>& copied) {
     table_.ClearSyncLists();
-    for (CompareItem& item : handled) {
-        Examine(item);
+    for (std::size_t i = 0; i < handled.size(); ++i) {
+        Examine(handled[i], copied.empty() || copied[i]);
         host_.DoEvents();
     }
     table_.SyncAllList = std::move(handled);
@@ -51,7 +52,7 @@ void SyncRefresh::Run(ItemList handled) {
     ShowTallies();
 }
 
-void SyncRefresh::Examine(CompareItem& item) {
+void SyncRefresh::Examine(CompareItem& item, bool copied) {
     const platform::FileStatus file1 = files_.Look(item.Path1());
     const platform::FileStatus file2 = files_.Look(item.Path2());
     item.Time1 = file1.Time;
@@ -59,7 +60,7 @@ void SyncRefresh::Examine(CompareItem& item) {
     item.Bytes1 = file1.Size;
     item.Bytes2 = file2.Size;
     const bool rightward = code::IsRightward(item.Code);
-    if (Succeeded(item)) {
+    if (Succeeded(item, copied)) {
         (rightward ? table_.SyncLrList : table_.SyncRlList).push_back(item);
     } else {
         item.Code = rightward ? code::kFailedRight : code::kFailedLeft;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "compare/compare_table.h"
 #include "platform/files.h"
@@ -31,14 +32,16 @@ class SyncRefresh {
 
     // Fills SyncAllList with the rows, their sizes and times read afresh, and the other three
     // result lists from it. A row succeeded when both files exist with equal sizes and with times
-    // less than two seconds apart (file systems round); else its code becomes 31 or 32.
-    void Run(compare::ItemList handled);
+    // less than two seconds apart (file systems round); else its code becomes 31 or 32. `copied`
+    // tells of each row whether its copy was done (of none: all were): without one, files count as
+    // equal only when their times are.
+    void Run(compare::ItemList handled, const std::vector<bool>& copied = {});
 
     std::int32_t SyncTotalCount = 0;
     std::int32_t SyncFailCount = 0;
 
   private:
-    void Examine(compare::CompareItem& item);
+    void Examine(compare::CompareItem& item, bool copied);
     void ShowTallies();
 
     compare::CompareTable& table_;

@@ -34,6 +34,7 @@ void TransferWorkers::Run(SyncMode mode, Category category, const std::string& r
                           const std::string& root2) {
     compare::CompareTable& table = parts_.Table;
     table.StopRequested = false;
+    copied_.clear();
     for (platform::Button* button :
          {&parts_.Panel.Command4, &parts_.Panel.Command5, &parts_.Panel.Command6})
         button->SetVisible(false);
@@ -52,7 +53,7 @@ void TransferWorkers::Run(SyncMode mode, Category category, const std::string& r
         if (ActsOn(mode, category, list[i].Code)) {
             --pending;
             parts_.lblComparing.SetCaption(std::to_string(pending));
-            Transfer(list[i], root1, root2);
+            copied_.push_back(Transfer(list[i], root1, root2));
         }
         parts_.Host.DoEvents();
     }
@@ -70,24 +71,20 @@ bool TransferWorkers::WasOverlooked(const compare::CompareItem& item) {
            parts_.Files.UnansweredLookUps() != unanswered;
 }
 
-void TransferWorkers::Transfer(const compare::CompareItem& item, const std::string& root1,
+bool TransferWorkers::Transfer(const compare::CompareItem& item, const std::string& root1,
                                const std::string& root2) {
-    if (WasOverlooked(item)) return;
+    if (WasOverlooked(item)) return false;
     switch (item.Code) {
         case code::kCopyRight:
-            operations_.CopyToCounterpart(item.Path1(), root1, root2);
-            break;
+            return operations_.CopyToCounterpart(item.Path1(), root1, root2);
         case code::kCopyLeft:
-            operations_.CopyToCounterpart(item.Path2(), root2, root1);
-            break;
+            return operations_.CopyToCounterpart(item.Path2(), root2, root1);
         case code::kReplaceRight:
-            operations_.CopyOneFile(item.Path1(), item.Path2());
-            break;
+            return operations_.CopyOneFile(item.Path1(), item.Path2());
         case code::kReplaceLeft:
-            operations_.CopyOneFile(item.Path2(), item.Path1());
-            break;
+            return operations_.CopyOneFile(item.Path2(), item.Path1());
         default:
-            break;
+            return false;
     }
 }
 

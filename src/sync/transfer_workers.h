@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "compare/compare_table.h"
 #include "platform/files.h"
@@ -49,13 +50,17 @@ class TransferWorkers {
     void Run(compare::SyncMode mode, compare::Category category, const std::string& root1,
              const std::string& root2);
 
+    // For each row that the last run acted on, in order: whether its copy was done.
+    const std::vector<bool>& Copied() const { return copied_; }
+
   private:
-    void Transfer(const compare::CompareItem& item, const std::string& root1,
+    bool Transfer(const compare::CompareItem& item, const std::string& root1,
                   const std::string& root2);
     bool WasOverlooked(const compare::CompareItem& item);
 
     Parts parts_;
     FileOperations operations_;
+    std::vector<bool> copied_;
 };
 
 }  // namespace syncing

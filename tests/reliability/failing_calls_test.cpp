@@ -106,6 +106,17 @@ TEST_F(FailingCalls, NoneOfThemLosesAnything) {
     }));
 }
 
+// Where times alone are looked at afterwards, a file that was not replaced may pass for one that
+// was.
+TEST_F(FailingCalls, ACopyThatFailedIsNoSuccessHoweverLikeTheTwoFilesAre) {
+    Subjects = {
+        {"right", Version{Bytes(9, 'A'), cli::kNoon + 1}, Version{Bytes(9, 'a'), cli::kNoon}},
+        {"left", Version{Bytes(9, 'b'), cli::kNoon}, Version{Bytes(9, 'B'), cli::kNoon + 1}}};
+    ExpectSurvived(PlanFor([](const Moment& now, std::vector<Refusal>& refusals) {
+        if (!now.After) refusals.push_back({now.Index, now.Call, false, -EACCES});
+    }));
+}
+
 // As a file system far away does when its answer gets lost.
 TEST_F(FailingCalls, AChangeThatWasMadeAndSaysItFailed) {
     ExpectSurvived(PlanFor([](const Moment& now, std::vector<Refusal>& refusals) {

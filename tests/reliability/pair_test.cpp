@@ -16,7 +16,7 @@ using cli::kNoon;
 
 namespace {
 
-constexpr std::size_t kLarge = 300'000;  // is not copied through memory where the system can do it
+constexpr std::size_t kLarge = 140'000;  // is not copied through memory where the system can do it
 
 bool Is(const std::optional<Version>& found, const std::optional<Version>& wanted) {
     if (!found || !wanted) return found.has_value() == wanted.has_value();
