@@ -1,0 +1,52 @@
+// What the tests of the real window share: two folders, an empty history. A test that
+// fails leaves a picture of the screen, failed-NAME.bmp.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include <gtest/gtest.h>
+
+#include "fakes/temp_folder.h"
+#include "platform/file_time.h"
+#include "window/dialog_driver.h"
+#include "window/input.h"
+#include "window/window_driver.h"
+
+namespace window {
+
+inline const platform::FileTime kOlder = fakes::Time("2020-01-02 03:04:05 UTC");
+inline const platform::FileTime kNewer = fakes::Time("2021-02-03 04:05:06 UTC");
+
+// As the grid shows them.
+inline const std::string kOlderText = platform::FormatFileTime(kOlder);
+inline const std::string kNewerText = platform::FormatFileTime(kNewer);
+
+// The folders "1" and "2" in a folder of the test.
+class WindowTest : public testing::Test {
+  protected:
+    void SetUp() override;
+
+    void Put(std::string_view name, std::string_view content,
+             platform::FileTime time = kOlder) const {
+        Files.WriteFile(name, content, time);
+    }
+    // "new1.txt", "sub/new2.txt" in 1, "only2.txt" in 2, "chg-right.txt" newer in 1, "chg-left.txt"
+    // newer in 2, and "same.txt".
+    void PutSmallPair() const;
+
+    std::string Folder1() const { return Files.Path("1"); }
+    std::string Folder2() const { return Files.Path("2"); }
+    // The two as a command line.
+    std::string Pair() const { return Folder1() + " , " + Folder2(); }
+
+    fakes::TempFolder Files;
+};
+
+// The key that holds the history of folder pairs, below HKEY_LOCAL_MACHINE.
+inline constexpr const char* kHistoryKey = "SOFTWARE\\SystemInfoFolderCS1993";
+std::string HistoryValue(int slot);  // empty when there is none
+void SetHistoryValue(int slot, const std::string& value);
+void ClearHistory();
+
+}  // namespace window
