@@ -180,9 +180,14 @@ void FormMain::GuardMenu(std::vector<platform::MenuItem>& items) {
 }
 
 void FormMain::RunLong(const std::function<void()>& command) {
-    running_ = true;
+    const auto setRunning = [this](bool running) {
+        running_ = running;
+        Combo1.SetEnabled(!running);
+        Combo2.SetEnabled(!running);
+    };
+    setRunning(true);
     command();
-    running_ = false;
+    setRunning(false);
     if (closing_) Exit();
 }
 

@@ -82,7 +82,7 @@ void PlaceHeading(FormMain& form) {
     window.Add(form.LabelMark2, "LabelMark2", {120, 1245, 240, 240});
     window.Add(form.LabelMark3, "LabelMark3", {120, 1245, 240, 240});
     window.Add(form.LabelMark4, "LabelMark4", {120, 1245, 240, 240});
-    window.Add(form.LabelShow, "LabelShow", {420, 1245, 4500, 240});
+    window.Add(form.LabelShow, "LabelShow", {420, 1245, 3480, 240});
     form.LabelShow.SetBold(true);
     window.Add(form.CheckShowPath1, "CheckShowPath1", {kGridLeft + 3990, 1230, 1500, 270});
     window.Add(form.CheckShowPath2, "CheckShowPath2", {kGridLeft + 10500, 1230, 1500, 270});

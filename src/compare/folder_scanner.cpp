@@ -84,9 +84,9 @@ void MatchFiles(ScannedFolder& one, ScannedFolder& two) {
         if (found == index.kNone) continue;
         ScannedFile& other = two.Files[found];
         file.Match = static_cast<std::uint32_t>(found);
-        file.MatchIsLink = other.Link;
+        file.MatchMayBeMissing = other.Link;
         other.Match = i;
-        other.MatchIsLink = file.Link;
+        other.MatchMayBeMissing = file.Link;
     }
 }
 
@@ -107,7 +107,7 @@ const platform::FileStatus* KnownCounterpart(const ScannedFolder& found, std::si
     if (!found.Paired) return nullptr;
     const ScannedFile& file = found.Files[i];
     if (file.Match == ScannedFile::kNoMatch) return &kMissing;
-    if (file.MatchIsLink) return nullptr;
+    if (file.MatchMayBeMissing) return nullptr;
     if (side == Side::Two) return &kPairedBefore;
     return other->Statuses.empty() ? nullptr : &other->Statuses[file.Match];
 }
@@ -197,6 +197,8 @@ bool FolderScanner::VisitFiles(ScannedFolder& found, Side side, std::int32_t& Fc
         const platform::FileStatus* other = KnownCounterpart(found, i, side);
         pair.Known1 = side == Side::One ? own : other;
         pair.Known2 = side == Side::One ? other : own;
+        currentFile_ = side == Side::One ? &found.Files[i] : nullptr;
+        if (own && own->Time.IsZero()) NoteMissing();
         visitor_.Visit(pair, side, Fcount);
         if (stopRequested_) return false;
         host_.DoEvents();
@@ -225,7 +227,15 @@ const FolderPair* FolderScanner::PairOf(ScannedFolder& folder) {
 platform::FileStatus FolderScanner::Look(const FilePair& pair, Side side) {
     ScannedFolder* folder = current_[IndexOf(side)];
     platform::Folder* opened = folder ? trees_[IndexOf(side)]->Open(*folder) : nullptr;
-    return opened ? opened->Look(pair.Name) : platform::FileStatus{};
+    const platform::FileStatus status = opened ? opened->Look(pair.Name) : platform::FileStatus{};
+    if (side == Side::One && status.Time.IsZero()) NoteMissing();
+    return status;
+}
+
+// A file without a time counts as missing, so the second walk must look for it again.
+void FolderScanner::NoteMissing() {
+    if (!currentFile_ || currentFile_->Match == ScannedFile::kNoMatch) return;
+    current_[1]->Files[currentFile_->Match].MatchMayBeMissing = true;
 }
 
 }  // namespace compare

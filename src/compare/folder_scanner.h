@@ -50,6 +50,7 @@ class FolderScanner : private FileLookUp {
     ScannedTree& TreeOf(Side side, const std::string& root);
     bool VisitFiles(ScannedFolder& found, Side side, std::int32_t& Fcount);
     void ListBoth(ScannedFolder& found, Side side);
+    void NoteMissing();
     const FolderPair* PairOf(ScannedFolder& folder);
     platform::FileStatus Look(const FilePair& pair, Side side) override;
 
@@ -62,6 +63,7 @@ class FolderScanner : private FileLookUp {
     std::shared_ptr<RowTexts> texts_ = std::make_shared<RowTexts>();
     std::unique_ptr<ScannedTree> trees_[2];
     ScannedFolder* current_[2] = {};  // the folder in hand on each side; null where it has none
+    const ScannedFile* currentFile_ = nullptr;  // of the first walk
 };
 
 }  // namespace compare

@@ -36,8 +36,8 @@ struct ScannedFile {
     const char* Name;
     std::uint32_t Match = kNoMatch;  // the index of the other side's file of this name
     std::uint16_t Length;
-    bool Link;  // following it may find nothing
-    bool MatchIsLink = false;
+    bool Link;                       // following it may find nothing
+    bool MatchMayBeMissing = false;  // though it is listed: a link, or a file that was not found
 
     std::string_view Text() const { return {Name, Length}; }
 };

@@ -104,7 +104,9 @@ void GridPage::OnScroll() {
 void GridPage::ScrollToRow(std::int32_t row) {
     const compare::ItemList* list = owner_.CurrentList();
     if (!list) return;
-    const std::int32_t last = compare::CompareTable::Count(*list) - kPageRows;
+    // The bar may stand beyond the last full page: going down from there stays there.
+    const std::int32_t lastPage = compare::CompareTable::Count(*list) - kPageRows;
+    const std::int32_t last = row > FirstRow ? std::max(lastPage, FirstRow) : lastPage;
     const std::int32_t target = std::max(0, std::min(row, last));
     if (target == FirstRow) return;
     FirstRow = target;

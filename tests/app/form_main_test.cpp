@@ -111,7 +111,7 @@ TEST_F(FormMainTest, WhatIsShownAtTheStart) {
     EXPECT_EQ(form.CurrentViewCode(), "");
 }
 
-TEST_F(FormMainTest, DISABLED_TheControlsFit) {
+TEST_F(FormMainTest, TheControlsFit) {
     form.LabelNewFile.Click();
     EXPECT_EQ(fakes::LayoutFaults(form.Window), Texts());
 }

@@ -118,7 +118,7 @@ TEST(RunningCommand, MenusKeysAndScrollingAreDropped) {
 }
 
 // Else the two boxes would show folders of two different pairs.
-TEST(RunningCommand, DISABLED_PickingAPairIsDroppedWhole) {
+TEST(RunningCommand, PickingAPairIsDroppedWhole) {
     MainWindow window;
     Fill(window);
     window.form.Combo1.AddEntry("/other 1");

@@ -135,7 +135,7 @@ TEST_F(PairClassificationTest, AFileThatVanishesAfterTheListing) {
 }
 
 // A file of Folder 1 without a time makes a row in each walk.
-TEST_F(PairClassificationTest, DISABLED_AFileOfFolder1WithTheZeroDateIsMissingInTheSecondWalk) {
+TEST_F(PairClassificationTest, AFileOfFolder1WithTheZeroDateIsMissingInTheSecondWalk) {
     PutBoth("vanishes");
     Put("1/zero", {}, 5);
     Put("2/zero");

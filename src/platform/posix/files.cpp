@@ -84,7 +84,8 @@ Descriptor OpenFolderAt(int base, const char* path) {
             opened = Descriptor(
                 ::openat(reached.At(), reached.Rest(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     }
-    if (!opened.IsOpen()) NoteUnanswered();
+    // Too many open files: the caller closes some and tries again.
+    if (!opened.IsOpen() && errno != EMFILE) NoteUnanswered();
     return opened;
 }
 

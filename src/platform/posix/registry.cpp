@@ -5,9 +5,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -24,6 +26,7 @@ using posix::Descriptor;
 
 constexpr std::size_t kLargestValue = 1024 * 1024;
 constexpr const char* kValueFile = "/default";
+constexpr const char* kTemporaryEnd = ".XXXXXX";
 
 std::string ConfigurationFolder() {
     const char* home = std::getenv("XDG_CONFIG_HOME");
@@ -37,14 +40,8 @@ class FileRegistry : public Registry {
     explicit FileRegistry(std::string folder) : folder_(std::move(folder)) {}
 
     std::string ReadDefault(const std::string& key) override {
-        const Descriptor file(
-            ::open((FolderOf(key) + kValueFile).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-        struct stat info;
-        if (!file.IsOpen() || ::fstat(file.Get(), &info) != 0 || !S_ISREG(info.st_mode)) return {};
-        std::string value(
-            std::min<std::size_t>(static_cast<std::size_t>(info.st_size), kLargestValue), '\0');
-        const ssize_t size = ::read(file.Get(), value.data(), value.size());
-        value.resize(size > 0 ? static_cast<std::size_t>(size) : 0);
+        std::string value;
+        if (!ReadFile(FolderOf(key) + kValueFile, value)) unread_.insert(key);
         return value;
     }
 
@@ -57,11 +54,12 @@ class FileRegistry : public Registry {
     }
 
     void WriteDefault(const std::string& key, const std::string& value) override {
+        // It reads as empty, but whoever takes the key for free would destroy what it holds.
+        if (unread_.contains(key)) return;
         const std::string target = FolderOf(key) + kValueFile;
-        const std::string temporary = target + "." + std::to_string(::getpid());
+        std::string temporary = target + kTemporaryEnd;
         {
-            const Descriptor file(::open(
-                temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0600));
+            const Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
             if (!file.IsOpen()) return;
             // Flushed before it is put in place, so that a power cut leaves no empty slot: that
             // would end the list.
@@ -77,17 +75,42 @@ class FileRegistry : public Registry {
 
     void DeleteKey(const std::string& key) override {
         const std::string folder = FolderOf(key);
-        if (HasSubkeys(folder)) return;
-        ::unlink((folder + kValueFile).c_str());
+        std::vector<std::string> values;
+        if (HasSubkeys(folder, values)) return;
+        for (const std::string& value : values) ::unlink(value.c_str());
         ::rmdir(folder.c_str());
     }
 
   private:
-    static bool HasSubkeys(const std::string& folder) {
+    // True when there is nothing to read, too; false when there is or may be something that could
+    // not be read.
+    static bool ReadFile(const std::string& path, std::string& value) {
+        const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+        if (!file.IsOpen()) return errno == ENOENT || errno == ENOTDIR;
+        struct stat info;
+        if (::fstat(file.Get(), &info) != 0) return false;
+        if (!S_ISREG(info.st_mode)) return true;
+        std::string content(
+            std::min<std::size_t>(static_cast<std::size_t>(info.st_size), kLargestValue), '\0');
+        std::size_t size = 0;
+        while (size < content.size()) {
+            const ssize_t got = ::read(file.Get(), content.data() + size, content.size() - size);
+            if (got < 0 && errno == EINTR) continue;
+            if (got <= 0) return false;
+            size += static_cast<std::size_t>(got);
+        }
+        value = std::move(content);
+        return true;
+    }
+
+    // Otherwise gives the files in the folder that are its value, or what was left of writing it.
+    static bool HasSubkeys(const std::string& folder, std::vector<std::string>& values) {
         const std::unique_ptr<DIR, int (*)(DIR*)> opened(::opendir(folder.c_str()), ::closedir);
         while (const dirent* entry = opened ? ::readdir(opened.get()) : nullptr) {
+            const std::string path = folder + '/' + entry->d_name;
             const std::string_view name(entry->d_name);
             if (entry->d_type == DT_DIR && name != "." && name != "..") return true;
+            if (path.starts_with(folder + kValueFile)) values.push_back(path);
         }
         return false;
     }
@@ -99,6 +122,7 @@ class FileRegistry : public Registry {
     }
 
     std::string folder_;
+    std::set<std::string> unread_;  // keys whose value could not be read
 };
 
 }  // namespace
