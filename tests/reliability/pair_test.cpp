@@ -16,6 +16,7 @@ using cli::kNoon;
 
 namespace {
 
+constexpr const char* kOtherPair = "/a==========/b==========/txt==========-1";
 constexpr std::size_t kLarge = 140'000;  // is not copied through memory where the system can do it
 
 bool Is(const std::optional<Version>& found, const std::optional<Version>& wanted) {
@@ -64,6 +65,7 @@ void PairTest::MakePair() {
     for (const char* folder : {"one", "two", "config"}) fs::remove_all(Path(folder));
     MakeFolder("one");
     MakeFolder("two");
+    SetSlot(0, kOtherPair);
     for (const Subject& subject : Subjects) {
         for (const char* side : {"one", "two"}) {
             const std::optional<Version>& version = subject.Before(side);
@@ -87,6 +89,7 @@ std::vector<std::string> PairTest::FilesBelow(const std::string& side) const {
 }
 
 cli::Texts PairTest::ExpectWhole(const std::string& where) {
+    EXPECT_EQ(Slot(0), kOtherPair) << where;
     cli::Texts leftovers;
     for (const char* side : {"one", "two"}) {
         for (const Subject& subject : Subjects) {
@@ -149,6 +152,7 @@ void PairTest::ExpectHonest(const cli::Ended& run, const std::string& where) {
 void PairTest::ExpectNextSyncFinishes(const std::string& where) {
     const cli::Ended run = cli::RunToEnd(Sync());
     EXPECT_EQ(run.Status, 0) << where << run.Output << run.Error;
+    EXPECT_EQ(Slot(1), One() + "==========" + Two() + "====================0") << where;
     ExpectSynced(where);
 }
 

@@ -48,11 +48,11 @@ class PairTest : public cli::CliTest {
     // New and replaced files both ways, empty, small and large ones, and one that is the same.
     static std::vector<Subject> Everything();
 
-    // Empties both folders and the configuration and makes what Subjects says.
+    // Empties both folders and makes what Subjects says. The history holds one other pair.
     void MakePair();
 
     // Every path holds its old version or its new one, content and time, and nothing else is there
-    // but temporary files of killed copies: the names of those.
+    // but temporary files of killed copies: the names of those. The history has lost nothing.
     cli::Texts ExpectWhole(const std::string& where);
 
     // Both folders hold the newest version of everything and nothing else.
