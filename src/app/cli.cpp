@@ -48,7 +48,7 @@ class Run {
     int Sync() {
         if (!CompareFolders()) return kWrong;
         if (!ApplyDirections()) return kWrong;
-        session_.Remember();
+        session_.RememberPair();
         if (session_.Stopped()) return PrintStoppedBeforeSync();
         if (options_.DryRun) return DryRun();
         const std::size_t before = session_.Messages().size();
@@ -100,7 +100,7 @@ class Run {
         if (!session_.Messages().empty()) return false;
         session_.ReportTroubles();
         LabelOf(Form(), options_.ViewCode).Click();
-        if (options_.Command != CliCommand::Sync) session_.Remember();
+        if (options_.Command != CliCommand::Sync) session_.RememberPair();
         return true;
     }
 
@@ -274,7 +274,7 @@ int ClearHistory(bool yes) {
     }
     session.AnswerYes(yes);
     const bool cleared = session.Form().History().ClearProfiles();
-    session.Remember();
+    session.WriteHistory();
     return cleared ? kDone : kDifferent;
 }
 

@@ -11,6 +11,7 @@ using platform::Stream;
 
 constexpr long long kYieldsPerLook = 64;   // at the clock
 constexpr long long kCountdownPace = 100;  // milliseconds
+constexpr int kMostAttempts = 20;          // to find a slot that no other run takes
 
 }  // namespace
 
@@ -64,8 +65,17 @@ bool CliSession::Stopped() {
     return platform::InterruptRequested();
 }
 
-void CliSession::Remember() {
-    if (!noHistory_) registry_.Commit();
+void CliSession::WriteHistory() {
+    registry_.Commit();
+}
+
+// Runs that end at the same time may have chosen the same slot: all but one look for another.
+void CliSession::RememberPair() {
+    if (noHistory_) return;
+    for (int attempt = 1; !registry_.Commit() && attempt < kMostAttempts; ++attempt)
+        form_->History().SaveProfile(form_->Combo1.Text(), form_->Combo2.Text(),
+                                     form_->Filter.FilterExtensions,
+                                     FilterFlagText(form_->Filter.FilterOnlyMode));
 }
 
 void CliSession::ReportTroubles() {

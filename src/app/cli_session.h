@@ -21,7 +21,7 @@ void WriteError(std::string_view text);
 
 class CliSession {
   public:
-    // The pair is remembered by Remember(), unless `noHistory`.
+    // The pair is remembered by RememberPair(), unless `noHistory`.
     explicit CliSession(bool noHistory);
 
     FormMain& Form() { return *form_; }
@@ -38,7 +38,11 @@ class CliSession {
     // An interrupt has come: it is the Stop button, of what runs or of what comes next.
     static bool Stopped();
 
-    void Remember();
+    // Writes what the history is to hold.
+    void WriteHistory();
+
+    // The same for the pair that was compared, if pairs are to be remembered.
+    void RememberPair();
 
     // Answers every question with yes instead of asking on the terminal.
     void AnswerYes(bool yes) { answerYes_ = yes; }

@@ -1,6 +1,7 @@
 // A registry whose writes wait until they are wanted.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <string>
@@ -33,8 +34,14 @@ class DeferredRegistry : public platform::Registry {
         waiting_.push_back([this, key] { kept_.DeleteKey(key); });
     }
 
-    void Commit() {
+    // False when something does not stand there now: it could not be written, or another program
+    // has taken its place since it was read.
+    bool Commit() {
         for (const auto& write : std::exchange(waiting_, {})) write();
+        const auto written = std::exchange(written_, {});
+        return std::all_of(written.begin(), written.end(), [this](const auto& one) {
+            return kept_.ReadDefault(one.first) == one.second;
+        });
     }
 
   private:

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
-#include <set>
+#include <map>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -41,7 +41,9 @@ class FileRegistry : public Registry {
 
     std::string ReadDefault(const std::string& key) override {
         std::string value;
-        if (!ReadFile(FolderOf(key) + kValueFile, value)) unread_.insert(key);
+        Found& found = seen_[key];
+        const Found now = ReadFile(FolderOf(key) + kValueFile, value);
+        if (found == Found::Value) found = now;
         return value;
     }
 
@@ -55,7 +57,8 @@ class FileRegistry : public Registry {
 
     void WriteDefault(const std::string& key, const std::string& value) override {
         // It reads as empty, but whoever takes the key for free would destroy what it holds.
-        if (unread_.contains(key)) return;
+        Found& found = seen_[key];
+        if (found == Found::Unreadable) return;
         const std::string target = FolderOf(key) + kValueFile;
         std::string temporary = target + kTemporaryEnd;
         {
@@ -70,7 +73,9 @@ class FileRegistry : public Registry {
                 return;
             }
         }
-        if (::rename(temporary.c_str(), target.c_str()) != 0) ::unlink(temporary.c_str());
+        const bool placed = found == Found::Nothing ? PutWhereNothingIs(temporary, target)
+                                                    : PutInPlace(temporary, target);
+        if (placed) found = Found::Value;
     }
 
     void DeleteKey(const std::string& key) override {
@@ -82,25 +87,42 @@ class FileRegistry : public Registry {
     }
 
   private:
-    // True when there is nothing to read, too; false when there is or may be something that could
-    // not be read.
-    static bool ReadFile(const std::string& path, std::string& value) {
+    // What was there when a key was read. Where it was nothing, or unreadable, that stays until
+    // something is written: it may have decided what is to be written.
+    enum class Found { Value, Nothing, Unreadable };
+
+    static bool PutInPlace(const std::string& temporary, const std::string& target) {
+        if (::rename(temporary.c_str(), target.c_str()) == 0) return true;
+        ::unlink(temporary.c_str());
+        return false;
+    }
+
+    // Another program may have taken the place meanwhile: then it keeps it.
+    static bool PutWhereNothingIs(const std::string& temporary, const std::string& target) {
+        const bool linked = ::link(temporary.c_str(), target.c_str()) == 0;
+        if (!linked && errno != EEXIST) return PutInPlace(temporary, target);  // it has no links
+        ::unlink(temporary.c_str());
+        return linked;
+    }
+
+    static Found ReadFile(const std::string& path, std::string& value) {
         const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-        if (!file.IsOpen()) return errno == ENOENT || errno == ENOTDIR;
+        if (!file.IsOpen())
+            return errno == ENOENT || errno == ENOTDIR ? Found::Nothing : Found::Unreadable;
         struct stat info;
-        if (::fstat(file.Get(), &info) != 0) return false;
-        if (!S_ISREG(info.st_mode)) return true;
+        if (::fstat(file.Get(), &info) != 0) return Found::Unreadable;
+        if (!S_ISREG(info.st_mode)) return Found::Value;
         std::string content(
             std::min<std::size_t>(static_cast<std::size_t>(info.st_size), kLargestValue), '\0');
         std::size_t size = 0;
         while (size < content.size()) {
             const ssize_t got = ::read(file.Get(), content.data() + size, content.size() - size);
             if (got < 0 && errno == EINTR) continue;
-            if (got <= 0) return false;
+            if (got <= 0) return Found::Unreadable;
             size += static_cast<std::size_t>(got);
         }
         value = std::move(content);
-        return true;
+        return Found::Value;
     }
 
     // Otherwise gives the files in the folder that are its value, or what was left of writing it.
@@ -122,7 +144,7 @@ class FileRegistry : public Registry {
     }
 
     std::string folder_;
-    std::set<std::string> unread_;  // keys whose value could not be read
+    std::map<std::string, Found> seen_;  // by key
 };
 
 }  // namespace
