@@ -68,7 +68,7 @@ void PlaceCategories(FormMain& form) {
     window.Add(form.Label8, "Label8", {5880, 915, 120, 240});
     window.Add(form.Label10, "Label10", {9600, 915, 120, 240});
     window.Add(form.Label11, "Label11", {12600, 915, 2760, 240});
-    window.Add(form.Label12, "Label12", {0, 1155, 15360, 60});
+    window.Add(form.Label12, "Label12", {0, 1200, 15360, 30});
     window.Add(form.LabelNewFile, "LabelNewFile", {120, 915, 2760, 240});
     window.Add(form.LabelChgFile, "LabelChgFile", {3000, 915, 2880, 240});
     window.Add(form.LabelNewChgFile, "LabelNewChgFile", {6000, 915, 3600, 240});
@@ -78,11 +78,17 @@ void PlaceCategories(FormMain& form) {
 
 void PlaceHeading(FormMain& form) {
     platform::Form& window = form.Window;
-    window.Add(form.LabelMark1, "LabelMark1", {120, 1245, 240, 240});
-    window.Add(form.LabelMark2, "LabelMark2", {120, 1245, 240, 240});
-    window.Add(form.LabelMark3, "LabelMark3", {120, 1245, 240, 240});
-    window.Add(form.LabelMark4, "LabelMark4", {120, 1245, 240, 240});
-    window.Add(form.LabelShow, "LabelShow", {420, 1245, 3480, 240});
+    // A mark underlines the label of the list that is shown.
+    const auto underline = [&window](platform::Label& mark, const char* name, int left, int width) {
+        mark.SetBackColor(grid::CategoryLabels::kRestedColor);
+        mark.SetVisible(false);
+        window.Add(mark, name, {left, 1155, width, 30});
+    };
+    underline(form.LabelMark1, "LabelMark1", 120, 1140);
+    underline(form.LabelMark2, "LabelMark2", 3000, 1440);
+    underline(form.LabelMark3, "LabelMark3", 6000, 2160);
+    underline(form.LabelMark4, "LabelMark4", 9720, 1260);
+    window.Add(form.LabelShow, "LabelShow", {120, 1260, 3780, 240});
     form.LabelShow.SetBold(true);
     window.Add(form.CheckShowPath1, "CheckShowPath1", {kGridLeft + 3990, 1230, 1500, 270});
     window.Add(form.CheckShowPath2, "CheckShowPath2", {kGridLeft + 10500, 1230, 1500, 270});
