@@ -1,22 +1,5 @@
-// Makes the folder trees that the measurements run on: OUT/1 and OUT/2, the same ones on every
-// machine for the same options.
-//
-//     make-trees [OPTIONS] OUT
-//
-//     --pairs N         relative paths, those that exist on one side only included (100000)
-//     --folders N       folders that hold the files (pairs / 31; not with flat and single)
-//     --different P     percent of the pairs that are not the same (10)
-//     --kinds LIST      what the different ones are, in turn: new1, new2 (on that side only),
-//                       newer1, newer2 (on both, newer on that side)
-//                       (new1,new2,newer1,new1,new2,newer2: a third each)
-//     --size MIN[:MAX]  bytes in a file (20:200)
-//     --shape SHAPE     normal: folders in folders, 16 to each; flat: one folder; single: a folder
-//                       for every file; deep: chains of folders 60 levels deep (normal)
-//     --seed N          another choice of names, times, contents and different files (1)
-//
-// OUT is made where it is missing; OUT/1 and OUT/2 must not exist. Files that are the same have the
-// same content and the same time to the nanosecond; folders have equal times too. Prints what was
-// made as one line. Exit status 2, with a message, when something fails.
+// Makes the folder trees that the measurements run on, the same ones on every machine for the same
+// options. kUsage has the details.
 
 #include <algorithm>
 #include <array>
@@ -39,6 +22,27 @@
 #include <unistd.h>
 
 namespace {
+
+constexpr const char* kUsage =
+    R"(make-trees [OPTIONS] OUT
+
+Makes the folder trees OUT/1 and OUT/2.
+
+  --pairs N         relative paths, those that exist on one side only included (100000)
+  --folders N       folders that hold the files (pairs / 31; not with flat and single)
+  --different P     percent of the pairs that are not the same (10)
+  --kinds LIST      what the different ones are, in turn: new1, new2 (on that side only),
+                    newer1, newer2 (on both, newer on that side)
+                    (new1,new2,newer1,new1,new2,newer2: a third each)
+  --size MIN[:MAX]  bytes in a file (20:200)
+  --shape SHAPE     normal: folders in folders, 16 to each; flat: one folder; single: a folder
+                    for every file; deep: chains of folders 60 levels deep (normal)
+  --seed N          another choice of names, times, contents and different files (1)
+
+OUT is made where it is missing; OUT/1 and OUT/2 must not exist. Files that are the same have the
+same content and the same time to the nanosecond; folders have equal times too. Prints what was
+made as one line. Exit status 2, with a message, when something fails.
+)";
 
 constexpr std::uint64_t kFilesPerFolder = 31;
 constexpr std::uint64_t kFanOut = 16;
@@ -342,13 +346,17 @@ Options ParseArguments(int argc, char** argv) {
             throw std::invalid_argument("more than one OUT");
         }
     }
-    if (options.Out.empty()) throw std::invalid_argument("usage: make-trees [OPTIONS] OUT");
+    if (options.Out.empty()) throw std::invalid_argument("no OUT; make-trees --help");
     return options;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (argc > 1 && std::strcmp(argv[1], "--help") == 0) {
+        std::fputs(kUsage, stdout);
+        return 0;
+    }
     try {
         const Options options = ParseArguments(argc, argv);
         TreeMaker(options).Make();
