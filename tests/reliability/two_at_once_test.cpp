@@ -36,6 +36,25 @@ TEST_F(TwoAtOnce, SyncsOfOnePairLeaveEveryFileWhole) {
     }
 }
 
+// One that only tidies up must not take the other's temporary file for a leftover, be it as young
+// as it may.
+TEST_F(TwoAtOnce, ASyncWithNothingToDoDisturbsNoOther) {
+    Subjects = {{"a", Version{"new", cli::kNoon + cli::kHour}, Version{"old", cli::kNoon}}};
+    MakePair();
+    const cli::Launch inner = Command({"sync", "--mode=right", One(), Two()});
+    const long moments = MomentsOf(Sync());
+    for (long moment = 0; moment < moments && !HasFailure(); ++moment) {
+        const std::string where = "held at moment " + std::to_string(moment);
+        MakePair();
+        const TracedEnd outer = Traced(Sync(), [&](const Moment& now, const TracedMemory&) {
+            if (now.Index == moment) cli::RunToEnd(inner);
+            return Fate::Go();
+        });
+        EXPECT_EQ(outer.Status, 0) << where << outer.Output;
+        ExpectSynced(where);
+    }
+}
+
 TEST_F(TwoAtOnce, SyncsThatRunFreelyEndWithEveryFileWhole) {
     for (int round = 0; round < 10 && !HasFailure(); ++round) {
         MakePair();

@@ -39,9 +39,8 @@ class TemporaryFile {
             name_ = NewTemporaryName();
             opened_ = Descriptor(::openat(
                 folder, name_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
-            if (opened_.IsOpen() || errno != EEXIST) break;
+            if (opened_.IsOpen() ? IsOurs() : errno != EEXIST) break;
         }
-        if (opened_.IsOpen()) ::flock(opened_.Get(), LOCK_EX | LOCK_NB);
     }
     ~TemporaryFile() {
         if (opened_.IsOpen() && !placed_) ::unlinkat(folder_, name_.c_str(), 0);
@@ -81,6 +80,17 @@ class TemporaryFile {
     }
 
   private:
+    // False when another sync has taken the file for a leftover, before it could be locked.
+    bool IsOurs() {
+        const bool taken = ::flock(opened_.Get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+        struct stat info;
+        if (!taken && ::fstat(opened_.Get(), &info) == 0 && info.st_nlink != 0) return true;
+        ::unlinkat(folder_, name_.c_str(), 0);
+        opened_ = Descriptor();
+        errno = EEXIST;
+        return false;
+    }
+
     int folder_;
     std::string name_;
     Descriptor opened_;
