@@ -14,10 +14,11 @@ namespace {
 using Entries = std::vector<std::string>;
 
 const std::string kSlash(1, platform::Separator);
+const std::string kBackup = "/dst" + kSlash + "Backup_";
 
 // A line of the job file.
-std::string Job(const std::string& source, const std::string& destination, const std::string& name,
-                const std::string& kind) {
+std::string Job(const std::string& source, const std::string& destination,
+                const std::string& name = "job", const std::string& kind = "9") {
     std::string line = source + ',' + destination;
     for (int field = 2; field <= 22; ++field)
         line += field == 12 ? ',' + name : field == 22 ? ',' + kind : ",x";
@@ -26,9 +27,15 @@ std::string Job(const std::string& source, const std::string& destination, const
 
 class CompanionJobsTest : public testing::Test {
   protected:
+    void Import() { ImportCompanionJobs(platform::SystemFiles(), folder.Path(), combo1, combo2); }
     void Import(const std::string& content) {
         folder.WriteFile("Q7DB.qdb", content);
-        ImportCompanionJobs(platform::SystemFiles(), folder.Path(), combo1, combo2);
+        Import();
+    }
+    void ImportAlone(const std::string& content) {
+        combo1.ClearEntries();
+        combo2.ClearEntries();
+        Import(content);
     }
 
     fakes::TempFolder folder;
@@ -37,64 +44,49 @@ class CompanionJobsTest : public testing::Test {
 };
 
 TEST_F(CompanionJobsTest, ALineBecomesAPair) {
-    struct Case {
-        std::string Line;
-        std::string Folder1;
-        std::string Folder2;
-    };
-    const Case cases[] = {
-        {Job("/src", "/dst", "job", "9"), "/src", "/dst"},
-        {Job("/src", "/dst", "job", "1"), "/src", "/dst" + kSlash + "Backup_job"},
-        {Job("/src", "/dst" + kSlash, "job", ""), "/src", "/dst" + kSlash + "Backup_job"},
-        {Job("/src/*.*", "/dst", "job", "9"), "/src/", "/dst"},
-        {Job("*.*/s*.*rc*.*", "/dst*.*", "job", "9"), "/src", "/dst*.*"},
+    const struct {
+        std::string Line, Folder1, Folder2;
+    } cases[] = {
+        {Job("/src", "/dst"), "/src", "/dst"},
+        {Job("/src", "/dst", "job", "1"), "/src", kBackup + "job"},
+        {Job("/src", "/dst" + kSlash, "job", ""), "/src", kBackup + "job"},
+        {Job("*.*/s*.*rc/*.*", "/dst*.*"), "/src/", "/dst*.*"},
         {Job("/src", "/dst", "job", " 9.0 "), "/src", "/dst"},
-        {Job("/src", "/dst", "job", "9 lives"), "/src", "/dst" + kSlash + "Backup_job"},
-        {Job("/src", "/dst", " j ", "99"), "/src", "/dst" + kSlash + "Backup_ j "},
-        {"  " + Job("/src", "/dst", "job", "9") + "  ", "/src", "/dst"},
-        {Job("/src", "/dst", "job", "9") + ",more,fields", "/src", "/dst"},
+        {Job("/src", "/dst", "job", "9 lives"), "/src", kBackup + "job"},
+        {Job("/src", "/dst", " j ", "99"), "/src", kBackup + " j "},
+        {"  " + Job("/src", "/dst") + "  ", "/src", "/dst"},
+        {Job("/src", "/dst") + ",more,fields", "/src", "/dst"},
     };
-    for (const Case& c : cases) {
-        combo1.ClearEntries();
-        combo2.ClearEntries();
-        Import(c.Line);
+    for (const auto& c : cases) {
+        ImportAlone(c.Line);
         EXPECT_EQ(combo1.Entries(), Entries{c.Folder1}) << c.Line;
         EXPECT_EQ(combo2.Entries(), Entries{c.Folder2}) << c.Line;
     }
 }
 
-TEST_F(CompanionJobsTest, EveryLineEndCountsAndThePairsKeepTheirOrder) {
-    Import("\r\n" + Job("/a", "/1", "", "9") + "\r\n" + Job("/b", "/2", "", "9") + "\n\n  \n" +
-           Job("/c", "/3", "", "9") + "\n");
-    EXPECT_EQ(combo1.Entries(), (Entries{"/a", "/b", "/c"}));
-    EXPECT_EQ(combo2.Entries(), (Entries{"/1", "/2", "/3"}));
-}
-
-TEST_F(CompanionJobsTest, APairThatIsListedIsNotAddedAgain) {
+TEST_F(CompanionJobsTest, PairsKeepTheirOrderAndAreListedOnce) {
     combo1.AddEntry("/a");
     combo2.AddEntry("/1");
-    Import(Job("/a", "/1", "", "9") + "\n" + Job("/a", "/2", "", "9") + "\n" +
-           Job("/a/*.*", "/1", "", "9") + "\n" + Job("/a", "/2", "", "9"));
+    Import("\r\n" + Job("/a", "/1") + "\r\n" + Job("/a", "/2") + "\n\n  \n" + Job("/a/*.*", "/1") +
+           "\n" + Job("/a", "/2"));
     EXPECT_EQ(combo1.Entries(), (Entries{"/a", "/a", "/a/"}));
     EXPECT_EQ(combo2.Entries(), (Entries{"/1", "/2", "/1"}));
 }
 
 TEST_F(CompanionJobsTest, WhatIsNoJobIsSkipped) {
-    const std::string good = Job("/good", "/pair", "", "9");
+    Import();  // there is no file
     const std::string bad[] = {
         "a,b,c",
         std::string(21, ','),
-        Job("", "/dst", "job", "9"),
-        Job("*.*", "/dst", "job", "9"),
+        Job("", "/dst"),
+        Job("*.*", "/dst"),
         Job("/src", "", "job", "1"),
-        Job(std::string("/s\0rc", 5), "/dst", "job", "9"),
-        Job("/src", "/dst", "job", "9") + "," + std::string(70000, 'x'),
+        Job(std::string("/s\0rc", 5), "/dst"),
+        Job("/src", "/dst") + "," + std::string(70000, 'x'),
         std::string(300000, ','),
     };
     for (const std::string& line : bad) {
-        combo1.ClearEntries();
-        combo2.ClearEntries();
-        Import(line + "\n" + good + "\n" + line);
+        ImportAlone(line + "\n" + Job("/good", "/pair") + "\n" + line);
         EXPECT_EQ(combo1.Entries(), Entries{"/good"}) << line.substr(0, 100);
         EXPECT_EQ(combo2.Entries(), Entries{"/pair"}) << line.substr(0, 100);
     }
@@ -105,18 +97,10 @@ TEST_F(CompanionJobsTest, ALineIsWholeWhereverTheReadBlocksEnd) {
     Entries expected;
     for (int i = 0; i < 5000; ++i) {
         expected.push_back("/source/" + std::to_string(i) + std::string(i % 97, '-'));
-        content += Job(expected.back(), "/dst", "", "9") + "\r\n";
+        content += Job(expected.back(), "/dst") + "\r\n";
     }
     Import(content);
     EXPECT_EQ(combo1.Entries(), expected);
-}
-
-TEST_F(CompanionJobsTest, WithoutAFileNothingHappens) {
-    ImportCompanionJobs(platform::SystemFiles(), folder.Path(), combo1, combo2);
-    ImportCompanionJobs(platform::SystemFiles(), "", combo1, combo2);
-    folder.MakeFolder("Q7DB.qdb");
-    ImportCompanionJobs(platform::SystemFiles(), folder.Path(), combo1, combo2);
-    EXPECT_TRUE(combo1.Entries().empty());
 }
 
 }  // namespace

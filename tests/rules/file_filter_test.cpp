@@ -5,18 +5,13 @@
 namespace rules {
 namespace {
 
-TEST(FileExtensionOf, IsWhatFollowsTheLastDotWithinTenBytes) {
-    struct Case {
-        const char* Name;
-        const char* Extension;
-    };
-    const Case cases[] = {
+TEST(FileFilter, AnExtensionFollowsTheLastDotWithinTenBytes) {
+    const std::pair<const char*, const char*> cases[] = {
         {"a.txt", "txt"},
         {"A.TXT", "TXT"},
         {"a.tar.gz", "gz"},
         {".profile", "profile"},
         {"name.", ""},
-        {".", ""},
         {"", "XXXXXXXX"},
         {"README", "XXXXXXXX"},
         {"a.123456789", "123456789"},
@@ -24,41 +19,31 @@ TEST(FileExtensionOf, IsWhatFollowsTheLastDotWithinTenBytes) {
         {".x/ab", "x/ab"},
         {"caf\xe9.\xff", "\xff"},
     };
-    for (const Case& c : cases) EXPECT_EQ(FileExtensionOf(c.Name), c.Extension) << c.Name;
+    for (const auto& [name, extension] : cases) EXPECT_EQ(FileExtensionOf(name), extension) << name;
 }
 
-TEST(PassesFileFilter, LooksForTheBareExtensionAnywhereInTheList) {
-    struct Case {
+TEST(FileFilter, LooksForTheBareExtensionAnywhereInTheList) {
+    const struct {
         const char* Extensions;
         const char* Name;
-        bool Listed;
+        bool Listed, ListedForCopy;
+    } cases[] = {
+        {"/txt", "a.txt", true, true},     {"/txt", "a.tx", true, true},
+        {"/txt", "a.t", true, true},       {"/txt", "a.txtx", false, false},
+        {"/txt", "A.TXT", false, true},    {"/TXT", "a.Tx", false, true},
+        {"/txt", "README", false, false},  {"/txt", "name.", true, true},
+        {"/jpg/bmp", "a.bmp", true, true}, {"/jpg/bmp", "a.gb", false, false},
+        {"/jpg/bmp", "a.g/b", true, true},
     };
-    const Case cases[] = {
-        {"/txt", "a.txt", true},     {"/txt", "a.tx", true},      {"/txt", "a.t", true},
-        {"/txt", "a.txtx", false},   {"/txt", "A.TXT", false},    {"/txt", "README", false},
-        {"/txt", "name.", true},     {"/jpg/bmp", "a.bmp", true}, {"/jpg/bmp", "a.gb", false},
-        {"/jpg/bmp", "a.g/b", true},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(PassesFileFilter({c.Extensions, true}, c.Name), c.Listed) << c.Name;
-        EXPECT_EQ(PassesFileFilter({c.Extensions, false}, c.Name), !c.Listed) << c.Name;
+    for (const auto& c : cases) {
+        for (const bool only : {true, false}) {
+            EXPECT_EQ(PassesFileFilter({c.Extensions, only}, c.Name), c.Listed == only) << c.Name;
+            EXPECT_EQ(PassesCopyFilter({c.Extensions, only}, c.Name), c.ListedForCopy == only)
+                << c.Name;
+            EXPECT_TRUE(PassesFileFilter({"", only}, c.Name)) << "everything passes an empty list";
+            EXPECT_TRUE(PassesCopyFilter({"", only}, c.Name));
+        }
     }
-}
-
-TEST(PassesFileFilter, EverythingPassesAnEmptyList) {
-    for (const bool only : {true, false}) {
-        EXPECT_TRUE(PassesFileFilter({"", only}, "a.txt"));
-        EXPECT_TRUE(PassesCopyFilter({"", only}, "README"));
-    }
-}
-
-TEST(PassesCopyFilter, IgnoresCaseOnBothSides) {
-    for (const char* name : {"a.txt", "A.TXT", "a.Tx"}) {
-        EXPECT_TRUE(PassesCopyFilter({"/txt", true}, name)) << name;
-        EXPECT_TRUE(PassesCopyFilter({"/TXT", true}, name)) << name;
-        EXPECT_FALSE(PassesCopyFilter({"/txt", false}, name)) << name;
-    }
-    EXPECT_FALSE(PassesCopyFilter({"/jpg", true}, "A.TXT"));
 }
 
 }  // namespace
