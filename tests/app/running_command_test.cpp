@@ -157,6 +157,8 @@ TEST(RunningCommand, TheScrollBarStaysWhereThePageIs) {
     window.host.OnYield = [&](long long) {
         if (window.form.CurrentViewCode() != "NewChg") return;
         window.form.VScroll1.Scroll(20);
+        window.form.Window.OnScrollKey(platform::ScrollKey::End);
+        window.form.Window.OnWheel(3);
         EXPECT_EQ(window.form.VScroll1.Value(), 7);
         EXPECT_EQ(window.form.sTYPE[0].Caption(), "8.");
     };
@@ -179,9 +181,11 @@ TEST(RunningCommand, HoveringGoesOn) {
 TEST(RunningCommand, ClosingStopsItThenCloses) {
     long long yieldsAtClosing = 0;
     std::size_t messages = 0;
+    std::size_t copies = 0;
     AtEveryYield(
         [&](MainWindow& window) {
             messages = window.dialogs.Messages.size();
+            copies = window.files.Copies.size();
             EXPECT_FALSE(window.form.Window.OnCloseRequest());
             EXPECT_TRUE(window.host.IsShown(window.form.Window));
             yieldsAtClosing = window.host.Yields;
@@ -189,6 +193,7 @@ TEST(RunningCommand, ClosingStopsItThenCloses) {
         [&](const MainWindow& window, const MainWindow&) {
             EXPECT_TRUE(window.host.ShownForms.empty());
             EXPECT_EQ(window.dialogs.Messages.size(), messages);
+            EXPECT_LE(window.files.Copies.size() - copies, 1u);
             // What is left of counting one folder, one entry of each walk, one copy.
             EXPECT_LE(window.host.Yields - yieldsAtClosing, 130);
         });

@@ -143,6 +143,25 @@ TEST_F(GridPageTest, KeysAndWheelKeepThePageWithinTheList) {
     EXPECT_EQ(page.FirstRow, 0);
 }
 
+// A scaled bar ends beyond the last full page.
+TEST_F(GridPageTest, KeysGoOnFromWhereTheBarStands) {
+    ShowList(10'001);
+    for (const ScrollKey down : {ScrollKey::LineDown, ScrollKey::PageDown}) {
+        controls.VScroll1.Scroll(400);
+        page.ScrollByKey(down);
+        EXPECT_EQ(page.FirstRow, 10'000);
+    }
+    for (const ScrollKey up : {ScrollKey::LineUp, ScrollKey::PageUp}) {
+        controls.VScroll1.Scroll(400);
+        page.ScrollByKey(up);
+        EXPECT_LT(page.FirstRow, 10'000);
+        EXPECT_GE(page.FirstRow, 10'000 - kPageRows);
+    }
+    // Between two steps the bar stays on the one before.
+    page.ScrollToRow(60);
+    EXPECT_EQ(controls.VScroll1.Value(), 2);
+}
+
 TEST_F(GridPageTest, TheNameIsWhatFollowsTheLastSeparatorWithinReach) {
     const std::string s(1, platform::Separator);
     const std::string longName(1000, 'n');

@@ -293,6 +293,22 @@ TEST_F(SyncCommandsTest, AFilterSetAfterTheComparisonMakesItsFilesFail) {
     EXPECT_EQ(form.Table.PendingCount(SyncMode::Double, Category::NewChg), 0);
 }
 
+// What a comparison could not look at may be newer than the file that it found.
+TEST_F(SyncCommandsTest, NothingUnseenIsOverwritten) {
+    for (const char* name : {"1/a", "1/b", "2/c"}) Put(name);
+    for (const bool incomplete : {true, false}) {
+        for (const char* name : {"2/a", "2/b", "1/c"}) files.Remove(name);
+        Compare();
+        form.Table.Incomplete = incomplete;
+        Put("2/a", kNew, 9);
+        Put("1/c", kNew, 9);
+        form.Command4.Click();
+        EXPECT_EQ(Rows(form.Table.SyncAllList),
+                  incomplete ? (Texts{"31 a", "11 b", "32 c"}) : (Texts{"11 a", "11 b", "12 c"}));
+        EXPECT_EQ(files.StatusOf("2/a").Size, incomplete ? 9 : 1);
+    }
+}
+
 TEST_F(SyncCommandsTest, LeftoversOfKilledCopiesAreRemoved) {
     for (const char* name : {"1/a", "2/.varnel~01234abc", "2/.varnel~mine"}) Put(name);
     Compare();

@@ -108,6 +108,25 @@ TEST_F(SyncRefreshTest, SucceedsWithEqualSizesAndTimesLessThanTwoSecondsApart) {
         }
 }
 
+// Two files may have been that near before.
+TEST_F(SyncRefreshTest, WithoutACopyTheTimesMustBeEqual) {
+    const FileTime time = fakes::Time("2020-01-02 03:04:05 UTC");
+    struct Case {
+        FileTime Time2;
+        bool Copied;
+        const char* Row;
+    };
+    const Case cases[] = {{{time.Seconds, 1}, true, "21 a"},
+                          {{time.Seconds, 1}, false, "31 a"},
+                          {time, false, "21 a"}};
+    files.AddFile("1/a", time, 7);
+    for (const Case& c : cases) {
+        files.AddFile("2/a", c.Time2, 7);
+        refresh.Run({Item(roots, "a", 21)}, {c.Copied});
+        EXPECT_EQ(Rows(table.SyncAllList), Texts{c.Row});
+    }
+}
+
 TEST_F(SyncRefreshTest, RowsShowTheFilesAsTheyAreNow) {
     const FileTime time = fakes::Time("2020-01-02 03:04:05 UTC");
     compare::CompareItem item = Item(roots, "a", 11);
