@@ -1,6 +1,7 @@
 #include "platform/win32/control_windows.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/win32/native_button.h"
 #include "platform/win32/picture_window.h"
@@ -80,8 +81,9 @@ void ControlWindows::FollowDefaultButton() {
 const Control* ControlWindows::Update() {
     FollowDefaultButton();
     const Control* appeared = nullptr;
-    for (const Entry& entry : entries_) {
-        if (!entry.Owner->TakeChanged()) continue;
+    for (Entry& entry : entries_) {
+        const bool onScreen = std::exchange(entry.OnScreen, true);
+        if (!entry.Owner->TakeChanged() && onScreen) continue;
         const bool shown = entry.Native && entry.Native->IsVisible();
         Refresh(entry);
         const bool isPicture = entry.Owner->Kind() == ControlKind::Picture;

@@ -41,6 +41,7 @@ class ControlWindows {
         Control* Owner;
         Surface* Container;
         std::unique_ptr<NativeControl> Native;
+        bool OnScreen = false;  // a control of a form that is opened again need not have changed
     };
 
     Surface& SurfaceIn(const Control* container) const;
