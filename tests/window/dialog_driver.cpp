@@ -27,12 +27,6 @@ HWND FindMessage(const Program& program) {
     return found == windows.end() ? nullptr : *found;
 }
 
-RECT AreaOf(HWND window) {
-    RECT area;
-    ::GetWindowRect(window, &area);
-    return area;
-}
-
 HWND IconOf(HWND message) {
     HWND child = ::GetWindow(message, GW_CHILD);
     while (child && (ClassOf(child) != "Static" ||

@@ -17,6 +17,7 @@ using platform::win32::Narrow;
 using platform::win32::Wide;
 
 constexpr DWORD kPause = 3;  // ms between two looks
+constexpr int kPicturesAtRest = 30;
 
 constexpr std::array kCellsFromLeft = {"sTYPE", "sFile1", "sSize1", "sMD1",
                                        "sMAC",  "sFile2", "sSize2", "sMD2"};
@@ -63,14 +64,6 @@ BOOL CALLBACK NoteWindow(HWND window, LPARAM argument) {
     return TRUE;
 }
 
-bool IsToBePainted(HWND window) {
-    if (!::IsWindowVisible(window)) return false;
-    if (::GetUpdateRect(window, nullptr, FALSE)) return true;
-    for (HWND child = ::GetWindow(window, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT))
-        if (IsToBePainted(child)) return true;
-    return false;
-}
-
 bool IsFirstView(const std::string& heading) {
     return heading.starts_with("New and Modified Files:") || heading.starts_with("Same Files:");
 }
@@ -97,6 +90,12 @@ std::string TextOf(HWND window) {
     text.resize(static_cast<std::size_t>(
         ::SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
     return Narrow(text);
+}
+
+RECT AreaOf(HWND window) {
+    RECT area;
+    ::GetWindowRect(window, &area);
+    return area;
 }
 
 std::string ClassOf(HWND window) {
@@ -145,6 +144,12 @@ void Form::Type(std::string_view name, std::string_view keys) const {
     TypeKeys(keys);
 }
 
+void Form::Paste(std::string_view name, std::string_view text) const {
+    Type(name, "");
+    CopyText(text);
+    PressKey('V', {VK_CONTROL});
+}
+
 void Form::RunMenu(std::string_view name) const {
     ::PostMessageW(window_, WM_COMMAND, static_cast<WPARAM>(Look(name).Value), 0);
 }
@@ -172,17 +177,22 @@ void Form::WaitForFocus(std::string_view name) const {
     });
 }
 
+ScreenPicture Form::WaitForPicture(
+    const std::function<bool(const ScreenPicture&)>& condition) const {
+    std::optional<ScreenPicture> picture;
+    WaitUntil("the picture of the window",
+              [&] { return condition(picture.emplace(AreaOf(window_))); });
+    return *std::move(picture);
+}
+
 ScreenPicture Form::TakePicture() const {
-    RECT area;
-    ::GetWindowRect(window_, &area);
-    ScreenPicture last(area);
-    WaitUntil("the window to be painted", [&] {
-        ScreenPicture picture(area);
-        const bool painted = !IsToBePainted(window_) && picture == last;
-        last = std::move(picture);
-        return painted;
+    ScreenPicture last(AreaOf(window_));
+    int same = 0;
+    return WaitForPicture([&](const ScreenPicture& picture) {
+        same = picture == last ? same + 1 : 0;
+        last = picture;
+        return same == kPicturesAtRest;
     });
-    return last;
 }
 
 Program::Program(const std::string& arguments) : Program(StartProgram(arguments)) {}
@@ -211,6 +221,11 @@ unsigned Program::WaitForEnd() const {
     DWORD status = 0;
     ::GetExitCodeProcess(process_.Get(), &status);
     return status;
+}
+
+void Program::Close() const {
+    ::PostMessageW(window_, WM_SYSCOMMAND, SC_CLOSE, 0);
+    WaitForEnd();
 }
 
 HWND Program::WaitForWindow(std::string_view windowClass, std::string_view title) const {

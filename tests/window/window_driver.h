@@ -27,6 +27,7 @@ void WaitUntil(const std::string& what, const std::function<bool()>& condition,
 
 std::string TextOf(HWND window);
 std::string ClassOf(HWND window);
+RECT AreaOf(HWND window);  // in pixels of the screen
 
 // The visible windows of all programs, those of `process` only if it is not 0; the front one first.
 std::vector<HWND> TopWindows(DWORD process);
@@ -55,6 +56,9 @@ class Form {
     // Clicks into a text field, empties it and types with the keys of the keyboard.
     void Type(std::string_view name, std::string_view keys) const;
 
+    // Replaces the text of a field by pasting.
+    void Paste(std::string_view name, std::string_view text) const;
+
     // The program reads a command of the menu, as it does when the menu sends it.
     void RunMenu(std::string_view name) const;
 
@@ -63,7 +67,10 @@ class Form {
     void WaitForText(std::string_view name, std::string_view text) const;
     void WaitForFocus(std::string_view name) const;
 
-    // Takes a picture of the window once nothing of it waits to be painted.
+    // A picture of the window that shows what is wanted, as soon as there is one.
+    ScreenPicture WaitForPicture(const std::function<bool(const ScreenPicture&)>& condition) const;
+
+    // A picture of the window once it has not changed for a while.
     ScreenPicture TakePicture() const;
 
   protected:
@@ -82,6 +89,7 @@ class Program : public Form {
     DWORD Id() const { return id_; }
     bool HasEnded() const;
     unsigned WaitForEnd() const;  // its exit status
+    void Close() const;           // by the cross of its window; returns when it has ended
 
     // The window of this class (of any with an empty text) and title, once it is shown.
     HWND WaitForWindow(std::string_view windowClass, std::string_view title) const;
