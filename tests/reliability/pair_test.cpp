@@ -65,6 +65,10 @@ void PairTest::MakePair() {
     for (const char* folder : {"one", "two", "config"}) fs::remove_all(Path(folder));
     MakeFolder("one");
     MakeFolder("two");
+    FillPair();
+}
+
+void PairTest::FillPair() {
     SetSlot(0, kOtherPair);
     for (const Subject& subject : Subjects) {
         for (const char* side : {"one", "two"}) {

@@ -51,6 +51,9 @@ class PairTest : public cli::CliTest {
     // Empties both folders and makes what Subjects says. The history holds one other pair.
     void MakePair();
 
+    // The second half of that, in folders that stand already.
+    void FillPair();
+
     // Every path holds its old version or its new one, content and time, and nothing else is there
     // but temporary files of killed copies: the names of those. The history has lost nothing.
     cli::Texts ExpectWhole(const std::string& where);
