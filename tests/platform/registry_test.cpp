@@ -1,7 +1,5 @@
 #include "platform/registry.h"
 
-#include <vector>
-
 #include <gtest/gtest.h>
 
 #include "fakes/own_registry.h"
@@ -22,50 +20,32 @@ class RegistryTest : public testing::Test {
 };
 
 TEST_F(RegistryTest, ValuesComeBackAsTheyWere) {
-    const std::vector<std::string> values = {
-        "a",         "C:\\one==========D:\\two", " blanks ", "ünï 日本 😀",
-        "a\tb\"c'd", std::string(100'000, 'x'),  "",
-    };
+    Write("P0", "lost, for want of the key");
     Create("P0");
-    for (const std::string& value : values) {
+    EXPECT_EQ(Read("P0"), "");
+    for (const std::string& value :
+         {std::string("C:\\one==========D:\\two"), std::string(" blanks "),
+          std::string("ünï 日本 😀"), std::string("a\tb\"c'd"), std::string(100'000, 'x'),
+          std::string()}) {
         Write("P0", value);
         EXPECT_EQ(Read("P0"), value);
         EXPECT_EQ(platform::OpenSystemRegistry()->ReadDefault(own_.Key("P0")), value);
     }
 }
 
-TEST_F(RegistryTest, WritingNeedsTheKey) {
-    Write("P0", "lost");
-    EXPECT_EQ(Read("P0"), "");
-    Create("P0");
-    EXPECT_EQ(Read("P0"), "") << "a new key has no value";
-    Write("P0", "kept");
-    EXPECT_EQ(Read("P0"), "kept");
-}
-
-TEST_F(RegistryTest, CreatingMakesTheKeysAboveAndKeepsWhatIsThere) {
+TEST_F(RegistryTest, KeysAreMadeWithThoseAboveAndDeletedOneByOne) {
     Create("a\\b\\c");
     Write("a\\b\\c", "deep");
     Write("a\\b", "middle");
     Create("a\\b");
     Create("a\\b\\c");
-    EXPECT_EQ(Read("a\\b"), "middle");
-    EXPECT_EQ(Read("a\\b\\c"), "deep");
-    EXPECT_EQ(Read("a"), "");
-}
-
-TEST_F(RegistryTest, DeletingTakesOneKeyWithoutSubkeys) {
-    Create("a\\b");
-    Write("a\\b", "below");
     Delete("a");
-    EXPECT_EQ(Read("a\\b"), "below");
-    Delete("a\\b");
-    EXPECT_EQ(Read("a\\b"), "");
+    EXPECT_EQ(Read("a"), "");
+    EXPECT_EQ(Read("a\\b"), "middle") << "a key with others below stays";
+    EXPECT_EQ(Read("a\\b\\c"), "deep");
+    for (const char* key : {"a\\b\\c", "a\\b", "a", "a"}) Delete(key);
     Write("a\\b", "lost");
     EXPECT_EQ(Read("a\\b"), "") << "the key is gone";
-    Delete("a");
-    Delete("a");
-    EXPECT_EQ(Read("a"), "");
 }
 
 }  // namespace

@@ -17,47 +17,40 @@ class PosixRegistryTest : public testing::Test {
             own_.Store().WriteDefault(own_.Key(key), key);
         }
     }
-    std::string FileOf(const std::string& key) {
-        return std::string(std::getenv("XDG_CONFIG_HOME")) + "/varnel/SOFTWARE/Test/" + key +
-               "/default";
-    }
     std::string Read(const std::string& key) { return own_.Store().ReadDefault(own_.Key(key)); }
 
     fakes::OwnRegistry own_;
+    const std::string folder_ =
+        std::getenv("XDG_CONFIG_HOME") + std::string("/varnel/SOFTWARE/Test");
+    const std::string file_ = folder_ + "/P0/default";
 };
 
 TEST_F(PosixRegistryTest, WhatIsNoValueReadsAsEmpty) {
-    const std::pair<const char*, std::function<void(const char*)>> cases[] = {
-        {"a folder", [](const char* path) { ::mkdir(path, 0700); }},
-        {"a pipe", [](const char* path) { ::mkfifo(path, 0600); }},
-        {"a link to itself", [](const char* path) { EXPECT_EQ(::symlink("default", path), 0); }},
-        {"nothing", [](const char*) {}},
+    ASSERT_EQ(::truncate(file_.c_str(), 1LL << 40), 0);
+    EXPECT_LE(Read("P0").size(), 1u << 20) << "a value too large";
+    const std::function<void(const char*)> makes[] = {
+        [](const char*) {},
+        [](const char* path) { ::mkdir(path, 0700); },
+        [](const char* path) { ::mkfifo(path, 0600); },
+        [](const char* path) { EXPECT_EQ(::symlink("default", path), 0); },
     };
-    for (const auto& [name, make] : cases) {
-        const std::string path = FileOf("P0");
-        std::remove(path.c_str());
-        make(path.c_str());
-        EXPECT_EQ(Read("P0"), "") << name;
-        EXPECT_EQ(Read("P1"), "P1") << name;
+    for (const auto& make : makes) {
+        std::remove(file_.c_str());
+        make(file_.c_str());
+        EXPECT_EQ(Read("P0"), "");
+        EXPECT_EQ(Read("P1"), "P1");
     }
 }
 
-TEST_F(PosixRegistryTest, AHugeValueIsSurvived) {
-    ASSERT_EQ(::truncate(FileOf("P0").c_str(), 1LL << 40), 0);
-    EXPECT_LE(Read("P0").size(), 1u << 20);
-}
-
 TEST_F(PosixRegistryTest, AStoreThatMayNotBeWrittenKeepsItsValues) {
-    const std::string root = std::getenv("XDG_CONFIG_HOME");
-    for (const std::string folder :
-         {"", "/varnel", "/varnel/SOFTWARE", "/varnel/SOFTWARE/Test", "/varnel/SOFTWARE/Test/P0"})
-        ::chmod((root + folder).c_str(), 0555);
-    ::chmod(FileOf("P0").c_str(), 0444);
+    ::chmod(std::getenv("XDG_CONFIG_HOME"), 0555);
+    for (const char* folder : {"", "/..", "/../..", "/P0"})
+        ::chmod((folder_ + folder).c_str(), 0555);
+    ::chmod(file_.c_str(), 0444);
     const bool holds = fakes::HoldsForOrdinaryUser([this] {
-        platform::Registry& store = own_.Store();
-        store.WriteDefault(own_.Key("P0"), "lost");
-        store.DeleteKey(own_.Key("P0"));
-        store.CreateKey(own_.Key("P2"));
+        own_.Store().WriteDefault(own_.Key("P0"), "lost");
+        own_.Store().DeleteKey(own_.Key("P0"));
+        own_.Store().CreateKey(own_.Key("P2"));
         EXPECT_EQ(Read("P0"), "P0");
         EXPECT_EQ(Read("P2"), "");
     });

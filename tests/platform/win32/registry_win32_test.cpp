@@ -83,18 +83,17 @@ TEST_F(WindowsRegistryTest, AnOrdinaryAccountHasAStoreOfItsOwn) {
     const bool bound = !refused;
     if (refused) ::RegCloseKey(refused);
     if (bound) {
-        EXPECT_EQ(Read("P0"), "everybody's");
-        store_.WriteDefault(own_.Key("P0"), "mine");
+        const std::pair<const char*, const char*> written[] = {{"P0", "mine"}, {"P2", "new"}};
         store_.CreateKey(own_.Key("P2"));
-        store_.WriteDefault(own_.Key("P2"), "new");
-        store_.WriteDefault(own_.Key("P3"), "lost");
-        store_.DeleteKey(own_.Key("P1"));
-        EXPECT_EQ(Read("P0"), "mine");
-        EXPECT_EQ(Read("P1"), "") << "gone, or hidden";
-        EXPECT_EQ(Read("P2"), "new");
+        for (const auto& [key, value] : written) store_.WriteDefault(own_.Key(key), value);
+        for (const auto& [key, value] : written) EXPECT_EQ(Read(key), value);
+        store_.WriteDefault(own_.Key("P3"), "lost, for want of the key");
         EXPECT_EQ(Read("P3"), "");
-        store_.DeleteKey(own_.Key("P2"));
-        EXPECT_EQ(Read("P2"), "");
+        for (const char* key : {"P1", "P2"}) {
+            EXPECT_NE(Read(key), "");
+            store_.DeleteKey(own_.Key(key));
+            EXPECT_EQ(Read(key), "") << "gone, or hidden";
+        }
         store_.CreateKey(own_.Key("P1"));
         store_.WriteDefault(own_.Key("P1"), "back");
         EXPECT_EQ(Read("P1"), "back");
