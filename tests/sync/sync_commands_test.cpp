@@ -237,6 +237,17 @@ TEST_F(SyncCommandsTest, ACopyThatFailsLeavesTheOthersAlone) {
     }
 }
 
+TEST_F(SyncCommandsTest, ACopyThatFailedIsNoSuccessHoweverAlikeTheFilesAre) {
+    for (const char* name : {"a", "b", "c"}) {
+        Put(std::string("1/") + name, kNew);
+        Put(std::string("2/") + name, {kNew.Seconds - 1, 0});
+    }
+    files.RefusesCopy = [](const std::string&, const std::string& to) { return to == "2/b"; };
+    Compare();
+    form.Command4.Click();
+    EXPECT_EQ(Rows(form.Table.SyncAllList), (Texts{"21 a", "31 b", "21 c"}));
+}
+
 TEST_F(SyncCommandsTest, WorksOnTheViewThatIsShown) {
     FillAllKinds(*this);
     Compare();
