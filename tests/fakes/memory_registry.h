@@ -1,4 +1,4 @@
-// A registry in memory that counts what is asked of it and can fail.
+// A registry in memory that counts its changes and can fail.
 #pragma once
 
 #include <algorithm>
@@ -13,18 +13,13 @@ class MemoryRegistry : public platform::Registry {
   public:
     std::map<std::string, std::string> Values;  // every key that exists, with its value
 
-    int Reads = 0;
     int Creations = 0;
     int Writes = 0;
-    int Deletions = 0;
 
     // The n-th call from now (1: the next) fails as the system would: without a word. 0: none.
     int FailCall = 0;
-    // No call that changes anything succeeds, as for a user without rights.
-    bool ReadOnly = false;
 
     std::string ReadDefault(const std::string& key) override {
-        ++Reads;
         if (Fails()) return {};
         const auto found = Values.find(key);
         return found == Values.end() ? std::string() : found->second;
@@ -32,7 +27,7 @@ class MemoryRegistry : public platform::Registry {
 
     void CreateKey(const std::string& key) override {
         ++Creations;
-        if (Fails() || ReadOnly) return;
+        if (Fails()) return;
         for (std::size_t end = 0; end != std::string::npos;) {
             end = key.find('\\', end + 1);
             Values.try_emplace(key.substr(0, end));
@@ -41,14 +36,13 @@ class MemoryRegistry : public platform::Registry {
 
     void WriteDefault(const std::string& key, const std::string& value) override {
         ++Writes;
-        if (Fails() || ReadOnly) return;
+        if (Fails()) return;
         const auto found = Values.find(key);
         if (found != Values.end()) found->second = value;
     }
 
     void DeleteKey(const std::string& key) override {
-        ++Deletions;
-        if (Fails() || ReadOnly) return;
+        if (Fails()) return;
         const bool hasSubkeys = std::any_of(Values.begin(), Values.end(), [&](const auto& entry) {
             return entry.first.compare(0, key.size() + 1, key + '\\') == 0;
         });
