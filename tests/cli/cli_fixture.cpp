@@ -1,12 +1,6 @@
 #include "cli/cli_fixture.h"
 
-#include <algorithm>
-#include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-
-#include <sys/stat.h>
 
 namespace cli {
 
@@ -14,16 +8,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string ReadWhole(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-std::string TimeText(const struct stat& status) {
-    char text[40];
-    std::snprintf(text, sizeof text, "%lld.%09ld", static_cast<long long>(status.st_mtim.tv_sec),
-                  status.st_mtim.tv_nsec);
-    return text;
+std::string SlotFile(int slot) {
+    return "config/varnel/SOFTWARE/SystemInfoFolderCS1993/P" + std::to_string(slot) + "/default";
 }
 
 }  // namespace
@@ -33,107 +19,59 @@ CliTest::CliTest() {
     MakeFolder("two");
 }
 
-std::string CliTest::Path(const std::string& relative) const {
-    return temp_.Path(relative);
-}
-
-void CliTest::MakeFolder(const std::string& relative) const {
-    temp_.MakeFolder(relative);
-}
-
-void CliTest::File(const std::string& relative, const std::string& content, std::int64_t time,
-                   std::int32_t nanoseconds) const {
-    temp_.WriteFile(relative, content, {time + platform::kUnixOrigin, nanoseconds});
-}
-
-void CliTest::SetFileTime(const std::string& relative, std::int64_t time,
-                          std::int32_t nanoseconds) const {
-    temp_.SetTime(relative, {time + platform::kUnixOrigin, nanoseconds});
+void CliTest::File(const std::string& relative, const std::string& content,
+                   std::int64_t time) const {
+    temp_.WriteFile(relative, content, {time + platform::kUnixOrigin, 0});
 }
 
 std::string CliTest::Content(const std::string& relative) const {
     return temp_.Read(relative).value_or("(none)");
 }
 
-bool CliTest::Exists(const std::string& relative) const {
-    return temp_.Exists(relative);
-}
-
-std::string CliTest::TimeOf(const std::string& relative) const {
-    struct stat status;
-    return ::lstat(Path(relative).c_str(), &status) == 0 ? TimeText(status) : "(none)";
-}
-
-Texts CliTest::State(const std::string& relative) const {
-    Texts state;
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(Path(relative))) {
-        struct stat status;
-        if (::lstat(entry.path().c_str(), &status) != 0) continue;
-        std::string line =
-            entry.path().string() + " " + std::to_string(status.st_mode) + " " + TimeText(status);
-        if (S_ISREG(status.st_mode)) line += " " + ReadWhole(entry.path());
-        state.push_back(line);
-    }
-    std::sort(state.begin(), state.end());
-    return state;
-}
-
 std::map<std::string, std::string> CliTest::Files(const std::string& relative) const {
     std::map<std::string, std::string> files;
-    const std::string root = Path(relative);
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(root)) {
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(Path(relative))) {
         if (!entry.is_regular_file()) continue;
-        files[entry.path().string().substr(root.size() + 1)] = ReadWhole(entry.path());
+        const std::string name = fs::path(entry).lexically_relative(Path(relative));
+        files[name] = Content(fs::path(relative) / name);
     }
     return files;
 }
 
-void CliTest::MakeOneOfEach() const {
-    File("one/left.txt", "left text");
-    File("two/sub/right.txt", "right text", kNoon + 34 * 60 + 56);
-    File("one/changed.txt", "old");
-    File("two/changed.txt", "newer", kNoon + kHour);
-    File("one/same.txt", "same");
-    File("two/same.txt", "SAME?");
-}
-
-void CliTest::MakeFiveRows() const {
-    MakeOneOfEach();
-    File("one/turn.txt", "turned new", kNoon + kHour);
-    File("two/turn.txt", "turned old");
+void CliTest::MakeRows() const {
+    fs::remove_all(One());
+    fs::remove_all(Two());
+    File("one/left.txt", "1");
+    File("two/sub/right.txt", "22");
+    File("one/changed.txt", "1");
+    File("two/changed.txt", "22", kNoon + kHour);
+    File("one/sub/turn.txt", "1", kNoon + kHour);
+    File("two/sub/turn.txt", "22");
+    File("one/same.txt", "1");
+    File("two/same.txt", "22");
 }
 
 Launch CliTest::Command(const Texts& arguments) const {
     Launch launch;
     launch.Arguments = arguments;
-    launch.Environment = {"XDG_CONFIG_HOME=" + Path("config"), "HOME=" + Path("home"), "TZ=UTC0",
-                          "TERM=xterm"};
+    launch.Environment = {"XDG_CONFIG_HOME=" + Path("config"), "TZ=UTC0", "TERM=xterm"};
     launch.WorkFolder = Path("");
     return launch;
 }
 
-Ended CliTest::Cli(const Texts& arguments) const {
-    const Ended run = RunToEnd(Command(arguments));
+Ended CliTest::Cli(const Launch& launch) const {
+    const Ended run = RunToEnd(launch);
     EXPECT_FALSE(run.TimedOut);
     EXPECT_EQ(run.Signal, 0) << run.Error;
     return run;
 }
 
-Ended CliTest::OnPair(Texts arguments) const {
-    arguments.push_back(One());
-    arguments.push_back(Two());
-    return Cli(arguments);
-}
-
 std::string CliTest::Slot(int slot) const {
-    const fs::path path = Store() + "/P" + std::to_string(slot) + "/default";
-    return fs::is_regular_file(path) ? ReadWhole(path) : "(none)";
+    return Content(SlotFile(slot));
 }
 
 void CliTest::SetSlot(int slot, const std::string& value) const {
-    const fs::path folder = Store() + "/P" + std::to_string(slot);
-    fs::create_directories(folder);
-    std::ofstream(folder / "default", std::ios::binary) << value;
+    temp_.WriteFile(SlotFile(slot), value);
 }
 
 void CliTest::OpenToAll() const {

@@ -1,4 +1,4 @@
-// Reads what --format json writes, strictly: a line that is not valid JSON is refused.
+// Reads what --format json writes.
 #pragma once
 
 #include <map>
@@ -6,9 +6,8 @@
 
 namespace cli {
 
-// The members of one flat object; texts as bytes (a lone \udcXX is the byte XX), numbers and truth
-// values as they are written. Throws std::runtime_error on anything that is not such an object, on
-// control characters and on bytes that are not UTF-8.
+// The members of one flat object, texts with their escapes as they are written. Throws
+// std::runtime_error on anything that is not such an object.
 std::map<std::string, std::string> ReadJsonObject(const std::string& line);
 
 }  // namespace cli

@@ -1,4 +1,4 @@
-// Takes the program's output apart.
+// Takes texts apart.
 #pragma once
 
 #include <string>
@@ -8,12 +8,15 @@ namespace cli {
 
 using Texts = std::vector<std::string>;
 
-// The lines that a terminal shows after these bytes, without trailing blanks and without empty
-// lines at the end.
-Texts ScreenAfter(const std::string& bytes);
-
 // Lines without their line feeds; text after the last line feed is a line, too.
 Texts Lines(const std::string& text);
 Texts SortedLines(const std::string& text);
+
+// What stands between blanks.
+Texts Words(const std::string& text);
+
+// The lines that a terminal shows after these bytes, without trailing blanks and without empty
+// lines at the end.
+Texts ScreenAfter(const std::string& bytes);
 
 }  // namespace cli

@@ -16,19 +16,16 @@ enum class Sink {
     Terminal,  // the run's terminal
     Closed,    // not open at all
     Full,      // a device without space
-    NoReader,  // a pipe whose reader has gone
-    File,      // Launch::OutputFile
 };
 
 struct Launch {
     std::vector<std::string> Arguments;
     std::vector<std::string> Environment;  // NAME=value, all of it but the sanitizers' settings
     std::string WorkFolder;
-    std::string Typed;  // what stands on standard input, or is typed on the terminal
+    std::string Typed;  // what is typed on the terminal
     Sink Input = Sink::Pipe;
     Sink Output = Sink::Pipe;
     Sink Error = Sink::Pipe;
-    std::string OutputFile;
     bool AsNobody = false;         // gives up root's rights; without effect for other users
     bool TerminalStopped = false;  // writing to the terminal blocks until ResumeTerminal
 };
@@ -58,30 +55,21 @@ class Running {
     bool CatchesInterrupts() const;
 
     void Send(int signal) const;
-
-    // Holds the program still; true when it is held, false when it has ended already.
-    bool Freeze();
-    void Thaw() const;
-
     void ResumeTerminal();
 
     const Ended& SoFar() const { return ended_; }
     Ended Wait();
 
   private:
-    void Connect(const Launch& launch, int (&child)[3]);
-    void Feed();
-    void TakeOutput(int milliseconds);
-    bool Reap(int options);
+    int OpenFor(int stream, Sink sink);
+    void TakeOutput();
+    void Reap(int options);
 
     pid_t pid_ = -1;
     bool gone_ = false;
-    int input_ = -1;  // our ends; -1 when there is none
-    int output_ = -1;
-    int error_ = -1;
+    int ends_[3] = {-1, -1, -1};  // ours of the streams that are pipes
     int terminal_ = -1;
     int terminalFarEnd_ = -1;
-    std::string typed_;
     Ended ended_;
 };
 

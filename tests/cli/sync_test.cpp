@@ -1,227 +1,145 @@
 // What `sync` does to the files on disk and what it says about it.
-#include <algorithm>
-#include <filesystem>
-
-#include <sys/stat.h>
-
 #include "cli/cli_fixture.h"
-#include "cli/json_row.h"
 
 namespace cli {
 namespace {
 
-class Sync : public CliTest {};
+class Sync : public CliTest {
+  protected:
+    // Which side's content left, right, changed, turn and same have in Folder 1 and in Folder 2.
+    std::string Sides() const {
+        std::string sides;
+        for (const std::string name :
+             {"left.txt", "sub/right.txt", "changed.txt", "sub/turn.txt", "same.txt"}) {
+            for (const std::string folder : {"one/", "two/"})
+                sides += Exists(folder + name) ? Content(folder + name)[0] : '-';
+            sides += ' ';
+        }
+        return sides;
+    }
+};
 
-const std::map<std::string, std::string> kOneBefore = {{"left.txt", "left text"},
-                                                       {"changed.txt", "old"},
-                                                       {"same.txt", "same"},
-                                                       {"turn.txt", "turned new"}};
-const std::map<std::string, std::string> kTwoBefore = {{"sub/right.txt", "right text"},
-                                                       {"changed.txt", "newer"},
-                                                       {"same.txt", "SAME?"},
-                                                       {"turn.txt", "turned old"}};
+const std::string kUntouched = "1- -2 12 12 12 ";
 
-std::map<std::string, std::string> With(std::map<std::string, std::string> files,
-                                        const std::map<std::string, std::string>& changed) {
-    for (const auto& [name, content] : changed) files[name] = content;
-    return files;
+std::string Completed(const std::string& what, int succeeded) {
+    return "Synchronization" + what + " completed.\n\nSucceed:   " + std::to_string(succeeded) +
+           "  Files.\n";
 }
 
-TEST_F(Sync, ModesActOnTheirOwnRows) {
-    const std::map<std::string, std::string> toOne = {{"sub/right.txt", "right text"},
-                                                      {"changed.txt", "newer"}};
-    const std::map<std::string, std::string> toTwo = {{"left.txt", "left text"},
-                                                      {"turn.txt", "turned new"}};
-    const Texts toOneRows = {"<-- OK <--    changed.txt", "<-- OK <--    sub/right.txt"};
-    const Texts toTwoRows = {"--> OK -->    left.txt", "--> OK -->    turn.txt"};
-    Texts allRows = toTwoRows;
-    allRows.insert(allRows.end(), toOneRows.begin(), toOneRows.end());
-    std::sort(allRows.begin(), allRows.end());
-
+TEST_F(Sync, WorksOnTheRowsOfModeViewAndDirection) {
+    const std::string left = "--> OK -->    left.txt\n", right = "<-- OK <--    sub/right.txt\n",
+                      changed = "<-- OK <--    changed.txt\n",
+                      turn = "--> OK -->    sub/turn.txt\n";
+    const std::string all = Completed("  'New and Modified Files' ", 4);
+    const std::string nothing = "No new / modified file need to be synchronized.\n";
     const struct {
-        Texts Options;
-        std::map<std::string, std::string> One, Two;
-        Texts Rows;
-        Texts Message;
+        std::string Options, Sides, Rows, Message;
     } cases[] = {
-        {{},
-         With(kOneBefore, toOne),
-         With(kTwoBefore, toTwo),
-         allRows,
-         {"Synchronization  'New and Modified Files'  completed.", "", "Succeed:   4  Files."}},
-        {{"--mode", "double"},
-         With(kOneBefore, toOne),
-         With(kTwoBefore, toTwo),
-         allRows,
-         {"Synchronization  'New and Modified Files'  completed.", "", "Succeed:   4  Files."}},
-        {{"--mode", "left"},
-         kOneBefore,
-         With(kTwoBefore, toTwo),
-         toTwoRows,
-         {"Synchronization completed.", "", "Succeed:   2  Files."}},
-        {{"--mode", "right"},
-         With(kOneBefore, toOne),
-         kTwoBefore,
-         toOneRows,
-         {"Synchronization completed.", "", "Succeed:   2  Files."}},
+        {"", "11 22 22 11 12 ", left + right + changed + turn, all},
+        {"--mode double --view newchg", "11 22 22 11 12 ", left + right + changed + turn, all},
+        {"--mode left", "11 -2 12 11 12 ", left + turn, Completed("", 2)},
+        {"--mode=right", "1- 22 22 12 12 ", right + changed, Completed("", 2)},
+        {"--view new", "11 22 12 12 12 ", left + right, Completed("  'New Files' ", 2)},
+        {"--view chg", "1- -2 22 11 12 ", changed + turn, Completed("  'Modified Files' ", 2)},
+        {"--view same", kUntouched, "", nothing},
+        {"--view same --direction same.txt=left", "1- -2 12 12 22 ", "<-- OK <--    same.txt\n",
+         Completed("  'Same Files' ", 1)},
+        {"--direction changed.txt=right --direction=sub/turn.txt=none "
+         "--direction sub/right.txt=none",
+         "11 -2 11 12 12 ", left + "--> OK -->    changed.txt\n",
+         Completed("  'New and Modified Files' ", 2)},
+        {"--quiet", "11 22 22 11 12 ", "", all},
+        {"--only=nosuch", kUntouched, "", ""},
+        {"--dry-run --view=new", kUntouched,
+         "Copy -->      left.txt\n<-- Copy      sub/right.txt\n", ""},
+        {"--dry-run --mode=left", kUntouched,
+         "Copy -->      left.txt\nReplace -->   sub/turn.txt\n", ""},
+        {"--dry-run --mode=right --direction=changed.txt=none", kUntouched,
+         "<-- Copy      sub/right.txt\n", ""},
+        {"--dry-run --view=same", kUntouched, "", ""},
     };
     for (const auto& test : cases) {
-        std::filesystem::remove_all(One());
-        std::filesystem::remove_all(Two());
-        MakeFiveRows();
-        Texts arguments = {"sync"};
-        arguments.insert(arguments.end(), test.Options.begin(), test.Options.end());
-        const Ended run = OnPair(arguments);
-        const std::string mode = test.Options.empty() ? "default" : test.Options.back();
-        EXPECT_EQ(SortedLines(run.Output), test.Rows) << mode;
-        EXPECT_EQ(Lines(run.Error), test.Message) << mode;
-        EXPECT_EQ(run.Status, 0) << mode;
-        EXPECT_EQ(Files("one"), test.One) << mode;
-        EXPECT_EQ(Files("two"), test.Two) << mode;
+        MakeRows();
+        const Ended run = Cli("sync one two " + test.Options);
+        EXPECT_EQ(run.Output, test.Rows) << test.Options;
+        EXPECT_EQ(run.Error, test.Message) << test.Options;
+        EXPECT_EQ(run.Status, 0) << test.Options;
+        EXPECT_EQ(Sides(), test.Sides) << test.Options;
     }
 }
 
-TEST_F(Sync, CopiesKeepTimeToTheNanosecondAndRights) {
-    File("one/new", "n", kNoon, 123456789);
-    File("one/replaced", "newer", kNoon, 987654321);
-    File("two/replaced", "old", kNoon - kHour);
-    ASSERT_EQ(::chmod(Path("one/new").c_str(), 0751), 0);
-    ASSERT_EQ(::chmod(Path("one/replaced").c_str(), 0640), 0);
-    ASSERT_EQ(OnPair({"sync"}).Status, 0);
-    for (const std::string name : {"/new", "/replaced"}) {
-        EXPECT_EQ(TimeOf("two" + name), TimeOf("one" + name));
-        EXPECT_EQ(std::filesystem::status(Two() + name).permissions(),
-                  std::filesystem::status(One() + name).permissions());
-    }
-    EXPECT_EQ(OnPair({"compare"}).Status, 0) << "nothing is left to do";
-}
-
-TEST_F(Sync, ViewsAreWorkedOnAlone) {
-    const struct {
-        std::string View;
-        std::map<std::string, std::string> One, Two;
-        Texts Message;
-    } cases[] = {
-        {"new",
-         With(kOneBefore, {{"sub/right.txt", "right text"}}),
-         With(kTwoBefore, {{"left.txt", "left text"}}),
-         {"Synchronization  'New Files'  completed.", "", "Succeed:   2  Files."}},
-        {"chg",
-         With(kOneBefore, {{"changed.txt", "newer"}}),
-         With(kTwoBefore, {{"turn.txt", "turned new"}}),
-         {"Synchronization  'Modified Files'  completed.", "", "Succeed:   2  Files."}},
-        {"same", kOneBefore, kTwoBefore, {"No new / modified file need to be synchronized."}},
-    };
-    for (const auto& test : cases) {
-        std::filesystem::remove_all(One());
-        std::filesystem::remove_all(Two());
-        MakeFiveRows();
-        const Ended run = OnPair({"sync", "--view", test.View});
-        EXPECT_EQ(Lines(run.Error), test.Message) << test.View;
-        EXPECT_EQ(run.Status, 0) << test.View;
-        EXPECT_EQ(Files("one"), test.One) << test.View;
-        EXPECT_EQ(Files("two"), test.Two) << test.View;
+TEST_F(Sync, ADirectionThatCannotBeGivenCopiesAndRemembersNothing) {
+    MakeRows();
+    for (const std::string options : {
+             "--direction=missing.txt=right",
+             "--direction=same.txt=right",  // a row of another view
+             "--direction=left.txt=none --direction=right.txt=left",
+             "--view=chg --direction=left.txt=right",
+             "--direction=left.txt=left",  // what the panel does not offer
+             "--dry-run --direction=missing.txt=right",
+         }) {
+        const Ended run = Cli("sync one two " + options);
+        EXPECT_EQ(run.Status, 2) << options;
+        EXPECT_EQ(run.Output, "") << options;
+        EXPECT_EQ(Lines(run.Error).size(), 1u) << run.Error;
+        EXPECT_EQ(Sides(), kUntouched) << options;
+        EXPECT_FALSE(Exists("config")) << options;
     }
 }
 
-TEST_F(Sync, NothingToDoIsSaidInTheWordsOfModeAndView) {
-    File("two/only", "");
-    const struct {
-        Texts Options;
-        Texts Message;
-    } cases[] = {
-        {{"--mode=left", "--view=new"}, {"No new file in folder 1 need to be synchronized."}},
-        {{"--mode=left"}, {"No new / modified file in folder 1 need to be synchronized."}},
-        {{"--view=chg"}, {}},  // a view without rows ends silently
-    };
-    for (const auto& test : cases) {
-        Texts arguments = {"sync"};
-        arguments.insert(arguments.end(), test.Options.begin(), test.Options.end());
-        const Ended run = OnPair(arguments);
-        EXPECT_EQ(run.Output, "") << test.Options[0];
-        EXPECT_EQ(Lines(run.Error), test.Message) << test.Options[0];
-        EXPECT_EQ(run.Status, 0) << test.Options[0];
-    }
-    const std::string words = "No new / modified file in folder 1 need to be synchronized.    ";
-    EXPECT_EQ(OnPair({"sync", "--mode=left", "--format=json"}).Output,
-              "{\"summary\": {\"mode\": \"Left_to_Right\", \"total\": 0, \"failed\": 0, "
-              "\"stopped\": false, \"message\": \"" +
-                  words + "\"}}\n");
-}
-
-TEST_F(Sync, JsonRowsHoldBothSidesAsTheyAreAfterwards) {
-    MakeOneOfEach();
-    const Ended run = OnPair({"sync", "--format", "json"});
-    const Texts lines = Lines(run.Output);
-    ASSERT_EQ(lines.size(), 4u);
-    const std::map<std::string, std::string> expected = {
-        {"code", "12"},
-        {"direction", "<-- OK <--"},
-        {"path1", One() + "/sub/right.txt"},
-        {"date1", "2024/03/10 12:34:56"},
-        {"size1", "10"},
-        {"path2", Two() + "/sub/right.txt"},
-        {"date2", "2024/03/10 12:34:56"},
-        {"size2", "10"},
-    };
-    EXPECT_EQ(ReadJsonObject(lines[1]), expected);
-    EXPECT_EQ(lines[3],
-              "{\"summary\": {\"mode\": \"All\", \"total\": 3, \"failed\": 0, \"stopped\": false, "
-              "\"message\": \"Synchronization  'New and Modified Files'  completed.      "
-              "\\r\\n\\r\\nSucceed:   3  Files.\"}}");
-    EXPECT_EQ(run.Error, "");
-    EXPECT_EQ(run.Status, 0);
-}
-
-TEST_F(Sync, TsvRowsAndQuiet) {
-    File("one/a", "a");
-    const Ended run = OnPair({"sync", "--format=tsv"});
-    EXPECT_EQ(run.Output,
+TEST_F(Sync, TsvRowsHoldBothSidesAsTheyAreAfterwards) {
+    File("two/sub/a=b", "22", kNoon);
+    EXPECT_EQ(Cli("sync --format=tsv --direction sub/a=b=left one two").Output,
               "code\tdirection\tpath1\tdate1\tsize1\tpath2\tdate2\tsize2\n"
-              "11\t--> OK -->\t" +
-                  One() + "/a\t2024/03/10 12:00:00\t1\t" + Two() + "/a\t2024/03/10 12:00:00\t1\n");
-    File("one/b", "b");
-    const Ended quiet = OnPair({"sync", "-q"});
-    EXPECT_EQ(quiet.Output, "");
-    EXPECT_EQ(Lines(quiet.Error), (Texts{"Synchronization  'New and Modified Files'  completed.",
-                                         "", "Succeed:   1  Files."}));
-    EXPECT_EQ(Content("two/b"), "b");
+              "12\t<-- OK <--\t" +
+                  One() + "/sub/a=b\t2024/03/10 12:00:00\t2\t" + Two() +
+                  "/sub/a=b\t2024/03/10 12:00:00\t2\n");
+}
+
+TEST_F(Sync, JsonSumsUp) {
+    const std::string completed =
+        "Synchronization completed.      \\r\\n\\r\\nSucceed:   2  Files.";
+    const struct {
+        std::string Options, Mode;
+        int Total;
+        std::string Message;
+    } cases[] = {
+        {"", "All", 4,
+         "Synchronization  'New and Modified Files'  completed.      "
+         "\\r\\n\\r\\nSucceed:   4  Files."},
+        {"--mode=left", "Left_to_Right", 2, completed},
+        {"--mode=right", "Right_to_Left", 2, completed},
+        {"--mode=left --only=nosuch", "Left_to_Right", 0, ""},
+        {"--mode=left --view=same", "Left_to_Right", 0,
+         "No new / modified file in folder 1 need to be synchronized.    "},
+        {"--dry-run", "All", 4, ""},
+    };
+    for (const auto& test : cases) {
+        MakeRows();
+        const Ended run = Cli("sync one two --quiet --format=json " + test.Options);
+        EXPECT_EQ(run.Output, R"({"summary": {"mode": ")" + test.Mode + R"(", "total": )" +
+                                  std::to_string(test.Total) +
+                                  R"(, "failed": 0, "stopped": false, "message": ")" +
+                                  test.Message + "\"}}\n");
+        EXPECT_EQ(run.Error, "");
+    }
 }
 
 TEST_F(Sync, FailedRowsAreMarkedCountedAndGiveStatusOne) {
-    File("one/good", "good");
-    File("one/blocked", "file");
+    File("one/a good one", "1");
+    File("one/blocked", "1");
     MakeFolder("two/blocked");  // no file can stand where a folder is
-    File("two/from two", "x");
-    MakeFolder("one/from two");
-    const Ended run = OnPair({"sync"});
+    const Ended run = Cli("sync one two");
     EXPECT_EQ(SortedLines(run.Output),
-              (Texts{"--> Fail -->  blocked", "--> OK -->    good", "<-- Fail <--  from two"}));
-    EXPECT_EQ(Lines(run.Error), (Texts{"Synchronization  'New and Modified Files'  completed.", "",
-                                       "Succeed:   1  Files.", "Fail:   2  Files."}));
+              (Texts{"--> Fail -->  blocked", "--> OK -->    a good one"}));
+    EXPECT_EQ(run.Error, Completed("  'New and Modified Files' ", 1) + "Fail:   1  Files.\n");
     EXPECT_EQ(run.Status, 1);
-    EXPECT_EQ(Files("two"),
-              (std::map<std::string, std::string>{{"good", "good"}, {"from two", "x"}}));
 
-    const Texts lines = Lines(OnPair({"sync", "--mode=right", "--format=json"}).Output);
+    const Texts lines = Lines(Cli("sync --format=json one two").Output);
     ASSERT_EQ(lines.size(), 2u);
-    std::map<std::string, std::string> row = ReadJsonObject(lines[0]);
-    EXPECT_EQ(row["code"], "32");
-    EXPECT_EQ(row["size1"], "");
-    EXPECT_EQ(row["date1"], "1899/12/30 00:00:00");
-    EXPECT_NE(lines[1].find("\"mode\": \"Right_to_Left\", \"total\": 1, \"failed\": 1, "),
-              std::string::npos)
+    EXPECT_TRUE(lines[0].starts_with(R"({"code": 31, "direction": "--> Fail -->", )")) << lines[0];
+    EXPECT_NE(lines[1].find(R"("total": 1, "failed": 1, "stopped": false)"), std::string::npos)
         << lines[1];
-}
-
-TEST_F(Sync, ASecondSyncHasNothingToDo) {
-    MakeFiveRows();
-    ASSERT_EQ(OnPair({"sync"}).Status, 0);
-    const Texts before = State("one");
-    const Ended again = OnPair({"sync"});
-    EXPECT_EQ(again.Output, "");
-    EXPECT_EQ(again.Status, 0);
-    EXPECT_EQ(State("one"), before);
 }
 
 }  // namespace
