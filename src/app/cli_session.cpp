@@ -16,17 +16,9 @@ constexpr int kMostAttempts = 20;          // to find a slot that no other run t
 }  // namespace
 
 void WriteError(std::string_view text) {
-    const bool terminal = platform::IsTerminal(Stream::Error);
-    std::string lines;
-    while (!text.empty()) {
-        const std::size_t end = text.find("\r\n");
-        std::string_view line = text.substr(0, end);
-        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 2);
-        line = line.substr(0, line.find_last_not_of(' ') + 1);
-        lines += terminal ? TerminalText(line) : std::string(line);
-        lines += '\n';
-    }
-    platform::WriteAll(Stream::Error, lines);
+    text = text.substr(0, text.find_last_not_of(' ') + 1);
+    std::string line = platform::IsTerminal(Stream::Error) ? TerminalText(text) : std::string(text);
+    platform::WriteAll(Stream::Error, line += '\n');
 }
 
 CliSession::CliSession(bool noHistory)
@@ -81,12 +73,22 @@ void CliSession::RememberPair() {
 void CliSession::ReportTroubles() {
     const compare::ScanTroubles& troubles = form_->Comparison().Troubles();
     for (const platform::Outcome& outcome : troubles.UnreadableFolders)
-        Say("cannot read folder '" + outcome.Path + "': " + outcome.Reason);
+        WriteError("cannot read folder '" + outcome.Path + "': " + outcome.Reason);
     const auto named = static_cast<std::int64_t>(troubles.UnreadableFolders.size());
     if (troubles.UnreadableCount > named)
-        Say("cannot read " + std::to_string(troubles.UnreadableCount - named) + " more folders");
+        WriteError("cannot read " + std::to_string(troubles.UnreadableCount - named) +
+                   " more folders");
     if (troubles.UnansweredLookUps != 0)
-        Say("cannot look at " + std::to_string(troubles.UnansweredLookUps) + " files or folders");
+        WriteError("cannot look at " + std::to_string(troubles.UnansweredLookUps) +
+                   " files or folders");
+}
+
+void CliSession::Say(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t end = text.find("\r\n");
+        WriteError(text.substr(0, end));
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 2);
+    }
 }
 
 // Called several times a file: the clock is looked at only now and then.

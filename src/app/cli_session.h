@@ -15,7 +15,7 @@
 
 namespace app {
 
-// One line (or several) on standard error; blanks at the ends of lines are cut and, where it is a
+// One line on standard error, whatever names it holds; blanks at its end are cut and, where it is a
 // terminal, control characters escaped.
 void WriteError(std::string_view text);
 
@@ -50,7 +50,8 @@ class CliSession {
     // What could not be read in the comparison, named on standard error.
     void ReportTroubles();
 
-    void Say(std::string_view text) { WriteError(text); }
+    // The text of a message box, which may have several lines.
+    void Say(std::string_view text);
     void Complain(std::string_view text) { WriteError("varnel-cli: " + std::string(text)); }
 
   private:

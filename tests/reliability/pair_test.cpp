@@ -160,6 +160,22 @@ void PairTest::ExpectNextSyncFinishes(const std::string& where) {
     ExpectSynced(where);
 }
 
+cli::Texts PairTest::State(const std::string& relative) const {
+    cli::Texts state;
+    const std::string root = Path(relative);
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(root)) {
+        struct stat status;
+        if (::lstat(entry.path().c_str(), &status) != 0) continue;
+        const std::string name = entry.path().string().substr(root.size() + 1);
+        state.push_back(name + ' ' + std::to_string(status.st_mode) + ' ' +
+                        std::to_string(status.st_mtim.tv_sec) + ' ' +
+                        std::to_string(status.st_mtim.tv_nsec) + ' ' +
+                        (S_ISREG(status.st_mode) ? Content(relative + '/' + name) : ""));
+    }
+    std::sort(state.begin(), state.end());
+    return state;
+}
+
 long PairTest::MomentsOf(const cli::Launch& launch) const {
     return Traced(launch, [](const Moment&, const TracedMemory&) { return Fate::Go(); }).Moments;
 }

@@ -67,6 +67,11 @@ class PairTest : public cli::CliTest {
     // An undisturbed sync does what is left to do, and cleans up.
     void ExpectNextSyncFinishes(const std::string& where);
 
+    cli::Ended Run(const cli::Texts& arguments) const { return cli::RunToEnd(Command(arguments)); }
+
+    // Path, kind, rights, time and content of everything below a folder.
+    cli::Texts State(const std::string& relative) const;
+
     cli::Launch Sync() const { return Command({"sync", "--format=json", One(), Two()}); }
 
     // A sync under `watch`, its moments counted from the first call that names the test's folder.
