@@ -134,13 +134,41 @@ TargetState StateOfTarget(int folder, const char* name, const struct stat& sourc
                                                             : TargetState::Refused;
 }
 
-// Makes what is missing of the folder that the path `to` lies in, from the outermost inwards.
+Descriptor OpenFolder(int base, const std::string& path) {
+    const ReachedPath reached(base, path.c_str());
+    if (!reached.Ok()) return {};
+    return Descriptor(::openat(reached.At(), reached.Rest(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+}
+
+bool IsTop(std::size_t slash) {
+    return slash == 0 || slash == std::string::npos;
+}
+
+// The position of the slash so many names further up, or that of the top.
+std::size_t SlashAbove(const std::string& path, std::size_t slash, int names) {
+    for (; names > 0 && !IsTop(slash); --names) slash = path.rfind('/', slash - 1);
+    return slash;
+}
+
+// Makes what is missing of the folder that the path `to` lies in. Goes up to a folder that is
+// there, in growing steps, and makes its way down from it, so that depth costs no more than its
+// names.
 void CreateParents(const std::string& to) {
-    for (std::size_t slash = to.find('/', 1); slash != std::string::npos;
-         slash = to.find('/', slash + 1)) {
-        const std::string folder = to.substr(0, slash);
-        const ReachedPath reached(AT_FDCWD, folder.c_str());
-        if (reached.Ok()) ::mkdirat(reached.At(), reached.Rest(), 0777);
+    const std::size_t last = to.rfind('/');
+    std::size_t slash = last;
+    Descriptor folder;
+    for (int names = 1; !folder.IsOpen() && !IsTop(slash); names *= 2) {
+        slash = SlashAbove(to, slash, names);
+        folder = OpenFolder(AT_FDCWD, slash == to.npos ? "." : to.substr(0, slash + 1));
+    }
+    while (folder.IsOpen() && slash != last) {
+        const std::size_t next = to.find('/', slash + 1);
+        const std::string name = to.substr(slash + 1, next - slash - 1);
+        if (!name.empty()) {
+            ::mkdirat(folder.Get(), name.c_str(), 0777);
+            folder = OpenFolder(folder.Get(), name);
+        }
+        slash = next;
     }
 }
 
