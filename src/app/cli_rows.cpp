@@ -60,8 +60,8 @@ unsigned CodeOf(std::string_view character) {
 bool SteersTerminal(std::string_view character) {
     if (character.size() != 2 && character.size() != 3) return false;
     const unsigned code = CodeOf(character);
-    return code < 0xA0 || code == 0x200E || code == 0x200F || (code >= 0x2028 && code <= 0x202E) ||
-           (code >= 0x2066 && code <= 0x2069);
+    return code < 0xA0 || code == 0x061C || code == 0x200E || code == 0x200F ||
+           (code >= 0x2028 && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
 }
 
 void AppendJsonEscape(unsigned code, std::string& text) {
@@ -72,6 +72,12 @@ void AppendJsonEscape(unsigned code, std::string& text) {
 
 void AppendJsonControl(unsigned char byte, std::string& text) {
     switch (byte) {
+        case '"':
+            text += "\\\"";
+            return;
+        case '\\':
+            text += "\\\\";
+            return;
         case '\n':
             text += "\\n";
             return;

@@ -71,8 +71,10 @@ void OptionButton::Group(const std::vector<OptionButton*>& buttons) {
 
 void TextBox::Type(std::string_view asciiKeys) {
     if (!Reachable() || readOnly_) return;
-    for (const char key : asciiKeys)
-        if (Accepts(static_cast<unsigned char>(key))) SetText(text_ + key);
+    for (const char key : asciiKeys) {
+        const auto code = static_cast<unsigned char>(key);
+        if (code >= ' ' && Accepts(code)) SetText(text_ + key);
+    }
 }
 
 void TextBox::Paste(std::string_view text) {

@@ -222,7 +222,8 @@ class TextBox : public Control {
     bool Accepts(char32_t key) const { return !OnKeyPress || OnKeyPress(key); }
     std::function<bool(char32_t)> OnKeyPress;
 
-    // The user types at the end of the text, key by key; or replaces the text by pasting.
+    // The user types at the end of the text, key by key (a control character is no text); or
+    // replaces the text by pasting.
     void Type(std::string_view asciiKeys);
     void Paste(std::string_view text);
 

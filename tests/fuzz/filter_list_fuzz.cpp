@@ -21,12 +21,6 @@ bool IsLowerOrDigit(char c) {
     return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
 }
 
-// Keys such as those for pasting are no text.
-std::string WithoutControlKeys(std::string keys) {
-    std::erase_if(keys, [](char key) { return key >= 0 && key < ' '; });
-    return keys;
-}
-
 bool operator==(const FileFilter& a, const FileFilter& b) {
     return a.FilterExtensions == b.FilterExtensions && a.FilterOnlyMode == b.FilterOnlyMode;
 }
@@ -58,7 +52,7 @@ class Dialog {
     void Act(char what, const std::string& with) {
         switch (what) {
             case 't':
-                return dialog_.TextAddto.Type(WithoutControlKeys(with));
+                return dialog_.TextAddto.Type(with);
             case 'p':
                 Pasted = true;
                 return dialog_.TextAddto.Paste(with);

@@ -92,7 +92,7 @@ std::string FromTsv(std::string_view field) {
 
 // Control characters and the marks that turn the reading direction.
 bool Steers(char32_t c) {
-    return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x200E || c == 0x200F ||
+    return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x061C || c == 0x200E || c == 0x200F ||
            (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
 }
 
