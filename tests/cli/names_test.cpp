@@ -11,8 +11,8 @@ struct OddName {
 const std::vector<OddName> kOddNames = {
     {"line\nfeed", "line\\nfeed", "line\\nfeed", "line\\x0afeed"},
     {"tab\tand return\r", "tab\\tand return\\r", "tab\\tand return\\r", "tab\\x09and return\\x0d"},
-    {"back\\slash", "back\\\\slash", "back\\u005cslash", "back\\slash"},
-    {"quote\"s '", "quote\"s '", "quote\\u0022s '", "quote\"s '"},
+    {"back\\slash", "back\\\\slash", "back\\\\slash", "back\\slash"},
+    {"quote\"s '", "quote\"s '", "quote\\\"s '", "quote\"s '"},
     {"\x1b[31m \x01\x7f", "\x1b[31m \x01\x7f", "\\u001b[31m \\u0001\\u007f",
      "\\x1b[31m \\x01\\x7f"},
     {"c1 \xc2\x9b", "c1 \xc2\x9b", "c1 \\u009b", "c1 \\xc2\\x9b"},
