@@ -1,5 +1,7 @@
 #include "app/companion_jobs.h"
 
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -90,6 +92,15 @@ TEST_F(CompanionJobsTest, WhatIsNoJobIsSkipped) {
         EXPECT_EQ(combo1.Entries(), Entries{"/good"}) << line.substr(0, 100);
         EXPECT_EQ(combo2.Entries(), Entries{"/pair"}) << line.substr(0, 100);
     }
+}
+
+TEST_F(CompanionJobsTest, AHundredMegabytesInOneLineAreSkipped) {
+    folder.WriteFile("Q7DB.qdb", Job("/first", "/1") + "\n");
+    const std::filesystem::path file(folder.Path("Q7DB.qdb"));
+    std::filesystem::resize_file(file, 100'000'000);  // with NULs
+    std::ofstream(file, std::ios::app | std::ios::binary) << '\n' << Job("/last", "/2");
+    Import();
+    EXPECT_EQ(combo1.Entries(), (Entries{"/first", "/last"}));
 }
 
 TEST_F(CompanionJobsTest, ALineIsWholeWhereverTheReadBlocksEnd) {
