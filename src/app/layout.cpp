@@ -28,36 +28,36 @@ struct Column {
 };
 
 constexpr std::array kColumns = {
-    Column{&grid::ResultsGrid::sTYPE, "sTYPE", "", 15, 690, Alignment::Right},
-    Column{&grid::ResultsGrid::sFile1, "sFile1", "Folder 1", 720, 2220, Alignment::Left},
-    Column{&grid::ResultsGrid::sSize1, "sSize1", "Size", 2955, 1020, Alignment::Right},
-    Column{&grid::ResultsGrid::sMD1, "sMD1", "Modified", 3990, 1890, Alignment::Center},
-    Column{&grid::ResultsGrid::sMAC, "sMAC", "Sync Direction", 5895, 1350, Alignment::Center},
-    Column{&grid::ResultsGrid::sFile2, "sFile2", "Folder 2", 7260, 2190, Alignment::Left},
-    Column{&grid::ResultsGrid::sSize2, "sSize2", "Size", 9465, 1020, Alignment::Right},
-    Column{&grid::ResultsGrid::sMD2, "sMD2", "Modified", 10500, 1875, Alignment::Center},
+    Column{&grid::ResultsGrid::sTYPE, "sTYPE", "", 15, 795, Alignment::Right},
+    Column{&grid::ResultsGrid::sFile1, "sFile1", "Folder 1", 825, 2040, Alignment::Left},
+    Column{&grid::ResultsGrid::sSize1, "sSize1", "Size", 2880, 1170, Alignment::Right},
+    Column{&grid::ResultsGrid::sMD1, "sMD1", "Modified", 4065, 1860, Alignment::Center},
+    Column{&grid::ResultsGrid::sMAC, "sMAC", "Sync Direction", 5940, 1350, Alignment::Center},
+    Column{&grid::ResultsGrid::sFile2, "sFile2", "Folder 2", 7305, 2010, Alignment::Left},
+    Column{&grid::ResultsGrid::sSize2, "sSize2", "Size", 9330, 1170, Alignment::Right},
+    Column{&grid::ResultsGrid::sMD2, "sMD2", "Modified", 10515, 1860, Alignment::Center},
 };
 
 void PlaceFolders(FormMain& form) {
     platform::Form& window = form.Window;
-    window.Add(form.LabelFolder1, "LabelFolder1", {120, 135, 750, 240});
-    window.Add(form.Combo1, "Combo1", {900, 90, 4800, 315});
-    window.Add(form.CommandBrowse1, "CommandBrowse1", {5760, 75, 1080, 345});
+    window.Add(form.LabelFolder1, "LabelFolder1", {120, 142, 750, 240});
+    window.Add(form.Combo1, "Combo1", {900, 90, 4800, 345});
+    window.Add(form.CommandBrowse1, "CommandBrowse1", {5760, 90, 1080, 345});
     form.ImageOpenFolder1.Glyph = form.ImageOpenFolder2.Glyph = "folder-open";
-    window.Add(form.ImageOpenFolder1, "ImageOpenFolder1", {6900, 120, 360, 270});
-    window.Add(form.CmdOpenFolder1, "CmdOpenFolder1", {6885, 75, 615, 345});
-    window.Add(form.LabelFolder2, "LabelFolder2", {7620, 135, 750, 240});
-    window.Add(form.Combo2, "Combo2", {8400, 90, 4800, 315});
-    window.Add(form.CommandBrowse2, "CommandBrowse2", {13260, 75, 1080, 345});
-    window.Add(form.ImageOpenFolder2, "ImageOpenFolder2", {14400, 120, 360, 270});
-    window.Add(form.CmdOpenFolder2, "CmdOpenFolder2", {14385, 75, 615, 345});
+    window.Add(form.ImageOpenFolder1, "ImageOpenFolder1", {6900, 127, 360, 270});
+    window.Add(form.CmdOpenFolder1, "CmdOpenFolder1", {6885, 90, 615, 345});
+    window.Add(form.LabelFolder2, "LabelFolder2", {7620, 142, 750, 240});
+    window.Add(form.Combo2, "Combo2", {8400, 90, 4800, 345});
+    window.Add(form.CommandBrowse2, "CommandBrowse2", {13260, 90, 1080, 345});
+    window.Add(form.ImageOpenFolder2, "ImageOpenFolder2", {14400, 127, 360, 270});
+    window.Add(form.CmdOpenFolder2, "CmdOpenFolder2", {14385, 90, 615, 345});
 }
 
 void PlaceCommands(FormMain& form) {
     platform::Form& window = form.Window;
-    window.Add(form.Command3, "Command3", {900, 465, 1500, 360});
-    window.Add(form.CheckSync, "CheckSync", {2580, 510, 2400, 270});
-    window.Add(form.LabelFileFilter, "LabelFileFilter", {5760, 540, 9240, 240});
+    window.Add(form.Command3, "Command3", {900, 480, 1500, 345});
+    window.Add(form.CheckSync, "CheckSync", {2580, 517, 2400, 270});
+    window.Add(form.LabelFileFilter, "LabelFileFilter", {5760, 532, 9240, 240});
 }
 
 void PlaceCategories(FormMain& form) {
@@ -78,26 +78,27 @@ void PlaceCategories(FormMain& form) {
 
 void PlaceHeading(FormMain& form) {
     platform::Form& window = form.Window;
-    // A mark underlines the label of the list that is shown.
-    const auto underline = [&window](platform::Label& mark, const char* name, int left, int width) {
+    // A mark underlines the label of the list that is shown, however long that is.
+    const auto underline = [&window](platform::Label& mark, const char* name, int left) {
         mark.SetBackColor(grid::CategoryLabels::kRestedColor);
         mark.SetVisible(false);
-        window.Add(mark, name, {left, 1155, width, 30});
+        window.Add(mark, name, {left, 1155, 1140, 30});
     };
-    underline(form.LabelMark1, "LabelMark1", 120, 1140);
-    underline(form.LabelMark2, "LabelMark2", 3000, 1440);
-    underline(form.LabelMark3, "LabelMark3", 6000, 2160);
-    underline(form.LabelMark4, "LabelMark4", 9720, 1260);
-    window.Add(form.LabelShow, "LabelShow", {120, 1260, 3780, 240});
+    underline(form.LabelMark1, "LabelMark1", 120);
+    underline(form.LabelMark2, "LabelMark2", 3000);
+    underline(form.LabelMark3, "LabelMark3", 6000);
+    underline(form.LabelMark4, "LabelMark4", 9720);
+    window.Add(form.LabelShow, "LabelShow", {120, 1245, 3780, 240});
     form.LabelShow.SetBold(true);
-    window.Add(form.CheckShowPath1, "CheckShowPath1", {kGridLeft + 3990, 1230, 1500, 270});
-    window.Add(form.CheckShowPath2, "CheckShowPath2", {kGridLeft + 10500, 1230, 1500, 270});
+    window.Add(form.CheckShowPath1, "CheckShowPath1", {kGridLeft + 4065, 1230, 1500, 270});
+    window.Add(form.CheckShowPath2, "CheckShowPath2", {kGridLeft + 10515, 1230, 1500, 270});
 }
 
 void PlaceGrid(FormMain& form) {
     platform::Form& window = form.Window;
     form.Picture2.SetBackColor(platform::kWindowColor);
     window.Add(form.Picture2, "Picture2", {kGridLeft, kGridTop, kGridWidth, kGridHeight});
+    form.VScroll1.SetLargeChange(grid::kPageRows);
     window.Add(form.VScroll1, "VScroll1",
                {kGridLeft + kGridWidth, kGridTop, kScrollWidth, kGridHeight});
     for (std::size_t i = 0; i < kColumns.size(); ++i) {

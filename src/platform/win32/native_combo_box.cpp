@@ -9,6 +9,7 @@ namespace platform::win32 {
 namespace {
 
 constexpr int kShownEntries = 16;
+constexpr int kMostTries = 3;
 
 // A choice is handed on when the window is done with it: the rules may rewrite the list then.
 constexpr UINT kPicked = WM_APP + 1;
@@ -71,16 +72,20 @@ void NativeComboBox::UpdateContent() {
 }
 
 // The height of the field is set by way of its text line; the window's own height is that of the
-// dropped list.
+// dropped list. Not every system reports the line as it takes it, so the outcome is measured.
 void NativeComboBox::Move(const RECT& area) {
     const int height = area.bottom - area.top;
     const auto line = static_cast<int>(Send(CB_GETITEMHEIGHT, 0));
     ::SetWindowPos(Window(), nullptr, area.left, area.top, area.right - area.left,
                    height + kShownEntries * line, SWP_NOZORDER | SWP_NOACTIVATE);
-    RECT closed;
-    ::GetWindowRect(Window(), &closed);
-    const auto field = static_cast<int>(Send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1)));
-    Send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), field + height - (closed.bottom - closed.top));
+    auto field = static_cast<int>(Send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1)));
+    for (int tries = 0; tries < kMostTries; ++tries) {
+        RECT closed;
+        ::GetWindowRect(Window(), &closed);
+        const int missing = height - (closed.bottom - closed.top);
+        if (missing == 0) return;
+        Send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), field += missing);
+    }
 }
 
 }  // namespace platform::win32
