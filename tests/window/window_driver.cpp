@@ -38,7 +38,6 @@ PROCESS_INFORMATION StartProgram(const std::string& arguments) {
     if (!::CreateProcessW(path.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                           &start, &process))
         throw std::runtime_error("cannot start " + Narrow(path));
-    ::CloseHandle(process.hThread);
     return process;
 }
 
@@ -198,7 +197,10 @@ ScreenPicture Form::TakePicture() const {
 Program::Program(const std::string& arguments) : Program(StartProgram(arguments)) {}
 
 Program::Program(const PROCESS_INFORMATION& started)
-    : Form(nullptr), process_(started.hProcess), id_(started.dwProcessId) {
+    : Form(nullptr),
+      process_(started.hProcess),
+      thread_(started.hThread),
+      id_(started.dwProcessId) {
     ParkPointer();
     window_ = WaitForWindow("FormMain", " Varnel ,  Version 8.12");
     WaitUntil("the window to come to the front",
@@ -226,6 +228,15 @@ unsigned Program::WaitForEnd() const {
 void Program::Close() const {
     ::PostMessageW(window_, WM_SYSCOMMAND, SC_CLOSE, 0);
     WaitForEnd();
+}
+
+void Program::Pause() const {
+    if (::SuspendThread(thread_.Get()) == static_cast<DWORD>(-1))
+        throw std::runtime_error("the program cannot be paused");
+}
+
+void Program::Resume() const {
+    ::ResumeThread(thread_.Get());
 }
 
 HWND Program::WaitForWindow(std::string_view windowClass, std::string_view title) const {

@@ -91,6 +91,10 @@ class Program : public Form {
     unsigned WaitForEnd() const;  // its exit status
     void Close() const;           // by the cross of its window; returns when it has ended
 
+    // The program stands still in between; what is sent to it meanwhile waits.
+    void Pause() const;
+    void Resume() const;
+
     // The window of this class (of any with an empty text) and title, once it is shown.
     HWND WaitForWindow(std::string_view windowClass, std::string_view title) const;
     Form WaitForForm(std::string_view name) const { return Form(WaitForWindow(name, "")); }
@@ -114,6 +118,7 @@ class Program : public Form {
     explicit Program(const PROCESS_INFORMATION& started);
 
     platform::win32::Handle process_;
+    platform::win32::Handle thread_;  // the only one that has windows
     DWORD id_;
 };
 
