@@ -78,11 +78,11 @@ void RemoveTree(const std::string& root) {
     for (auto names = NamesIn(top); !names.empty(); names = NamesIn(top)) {
         for (const std::string& name : names) {
             if (::unlinkat(top, name.c_str(), 0) == 0) continue;
-            ::fchmodat(top, name.c_str(), 0700, 0);
+            if (::fchmodat(top, name.c_str(), 0700, 0) != 0) return;
             const Descriptor folder(::openat(top, name.c_str(), kOpenFolder | O_NOFOLLOW));
             for (const std::string& inner : NamesIn(folder)) {
                 if (::unlinkat(folder, inner.c_str(), 0) == 0) continue;
-                ::fchmodat(folder, inner.c_str(), 0700, 0);
+                if (::fchmodat(folder, inner.c_str(), 0700, 0) != 0) return;
                 const std::string free = "moved up " + std::to_string(++moved);
                 if (::renameat(folder, inner.c_str(), top, free.c_str()) != 0) return;
             }
