@@ -5,10 +5,13 @@
 #include <vector>
 
 #include "platform/win32/text_conversion.h"
+#include "window/screen_picture.h"
 
 namespace window {
 
 namespace {
+
+constexpr UINT kAnswerTimeout = 5000;  // ms
 
 void Send(std::vector<INPUT> events) {
     const auto count = static_cast<UINT>(events.size());
@@ -60,6 +63,14 @@ INPUT Key(WORD key, DWORD flags) {
     return event;
 }
 
+// The screen reports to the window below the pointer that it was moved, and with that which keys
+// are down on the screen's own keyboard: none. That must not come between a held key and the other.
+void AwaitReports() {
+    const ScreenPicture sent({0, 0, 1, 1});
+    ::SendMessageTimeoutW(::GetForegroundWindow(), WM_NULL, 0, 0, SMTO_NORMAL, kAnswerTimeout,
+                          nullptr);
+}
+
 }  // namespace
 
 POINT MiddleOf(const RECT& area) {
@@ -95,6 +106,7 @@ void RollWheelAt(POINT point, int notches) {
 }
 
 void PressKey(WORD key, std::initializer_list<WORD> held) {
+    if (held.size() > 0) AwaitReports();
     std::vector<INPUT> events;
     for (const WORD other : held) events.push_back(Key(other, 0));
     events.push_back(Key(key, 0));

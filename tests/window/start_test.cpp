@@ -118,6 +118,24 @@ TEST_F(StartTest, SpaceAndEnterPressWhatHasTheKeyboard) {
     EXPECT_EQ(Answer(varnel).Text, "Please enter 'Folder 1' !    ");
 }
 
+// A box and a button that rest while a command runs have the keyboard again afterwards.
+TEST_F(StartTest, TheKeyboardStaysWhereItWas) {
+    PutSmallPair();
+    const Program varnel(Pair());
+    varnel.WaitForFocus("Combo1");
+    PressKey(VK_RETURN);
+    varnel.WaitForText("LabelShow", "New and Modified Files:  5");
+    varnel.WaitForFocus("Combo1");
+    for (const char* next : {"CommandBrowse1", "Combo2", "CommandBrowse2", "Command3", "CheckSync",
+                             "CheckShowPath1", "CheckShowPath2", "Command4", "Command5"}) {
+        PressKey(VK_TAB);
+        varnel.WaitForFocus(next);
+    }
+    PressKey(VK_SPACE);
+    EXPECT_EQ(Answer(varnel).Kind, MessageKind::Information);
+    varnel.WaitForFocus("Command5");
+}
+
 TEST_F(StartTest, MenusOpenByTheKeyboard) {
     const Program varnel;
     PressKey('H', {VK_MENU});

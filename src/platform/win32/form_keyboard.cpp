@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "platform/win32/tab_order.h"
 
@@ -94,8 +95,14 @@ void FormKeyboard::RestoreFocus() {
 void FormKeyboard::LeaveUnreachable() {
     const Control* focused = Focused();
     if (!focused || CanReach(*focused)) return;
-    last_ = focused;
+    last_ = left_ = focused;
     ::SetFocus(window_);
+}
+
+void FormKeyboard::ReturnToReachable() {
+    if (!left_ || !CanReach(*left_)) return;
+    const Control& control = *std::exchange(left_, nullptr);
+    if (::GetFocus() == window_) Focus(control);
 }
 
 // Windows draws focus rectangles and underlines only once the keyboard is used.

@@ -24,8 +24,11 @@ class FormKeyboard {
     void RememberFocus();
     void RestoreFocus();
 
-    // Takes the focus off a control that can no longer be reached.
+    // Takes the focus off a control that can no longer be reached; to be called before its window
+    // is disabled or hidden, which would leave the keyboard to nobody. The control gets the focus
+    // back when it can be reached again and no other has it.
     void LeaveUnreachable();
+    void ReturnToReachable();
 
   private:
     bool TakeKeyDown(WPARAM key);
@@ -42,6 +45,7 @@ class FormKeyboard {
     HWND window_;
     const ControlWindows& controls_;
     const Control* last_ = nullptr;  // had the focus last: Tab goes on from there
+    const Control* left_ = nullptr;  // had the focus until it could not be reached
     bool onForm_ = false;            // the window was left while it had the focus itself
 };
 

@@ -116,9 +116,10 @@ void FormWindow::Update() {
     if (caption_ != form_.Caption)
         ::SetWindowTextW(window_, Wide(caption_ = form_.Caption).c_str());
     if (bounds_ != form_.Bounds) MoveTo(bounds_ = form_.Bounds);
+    keyboard_->LeaveUnreachable();
     const Control* appeared = controls_->Update();
     if (appeared && ::IsWindowVisible(window_)) keyboard_->FocusFirstIn(*appeared);
-    keyboard_->LeaveUnreachable();
+    keyboard_->ReturnToReachable();
 }
 
 void FormWindow::Close() {
