@@ -148,7 +148,7 @@ class Caught {
 class Tracer {
   public:
     Tracer(const cli::Launch& launch, const std::string& from, const Watch& watch)
-        : from_(from), watch_(watch) {
+        : from_(from), watch_(watch), counting_(from.empty()) {
         Start(launch);
     }
     ~Tracer() {
@@ -277,7 +277,7 @@ class Tracer {
     Caught error_;
     pid_t pid_ = -1;
     bool gone_ = false;
-    bool counting_ = false;
+    bool counting_;
     bool skipped_ = false;  // the call in hand is not made
     std::int64_t resultInstead_ = 0;
     Moment moment_;

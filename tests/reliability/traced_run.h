@@ -3,7 +3,7 @@
 // the same moments again, whatever the machine's load.
 //
 // A moment is the way into a system call or the way out of it. They count from the first call that
-// names the folder given as `From`, so that the start of the program is left out.
+// names the folder given as `from`, so that the start of the program is left out.
 #pragma once
 
 #include <cstdint>
