@@ -62,6 +62,8 @@ void NativeScrollBar::UpdateContent() {
     info.nPage = static_cast<UINT>(range.Page);
     info.nPos = range.Value;
     ::SetScrollInfo(Window(), SB_CTL, &info, TRUE);
+    // Not every system greys a bar without room that is not visible yet.
+    ::EnableWindow(Window(), bar_.Enabled() && range.Minimum < range.Maximum);
 }
 
 }  // namespace platform::win32
