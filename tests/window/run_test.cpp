@@ -139,11 +139,11 @@ TEST_F(LongSyncTest, StopLeavesWholeFiles) {
     } commands[] = {{"Command5", "Command9"}, {"Command4", "Command10"}};
     for (const auto& [start, stop] : commands) {
         SCOPED_TRACE(start);
+        const int before = Copied();
         varnel.Click(start);
         varnel.WaitFor(stop, "shown", [](const Seen& button) { return button.Visible; });
         for (const char* hidden : {"Command4", "Command5", "Command6"})
             EXPECT_FALSE(varnel.Shows(hidden)) << hidden;
-        const int before = Copied();
         WaitUntil("some copies", [&] { return Copied() > before; });
         EXPECT_FALSE(::IsHungAppWindow(varnel.Window()));
         varnel.Click(stop);
