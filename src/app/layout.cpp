@@ -78,16 +78,16 @@ void PlaceCategories(FormMain& form) {
 
 void PlaceHeading(FormMain& form) {
     platform::Form& window = form.Window;
-    // A mark underlines the label of the list that is shown, however long that is.
-    const auto underline = [&window](platform::Label& mark, const char* name, int left) {
+    // A mark underlines the label of the list that is shown: as long as it is with three digits.
+    const auto underline = [&window](platform::Label& mark, const char* name, int left, int width) {
         mark.SetBackColor(grid::CategoryLabels::kRestedColor);
         mark.SetVisible(false);
-        window.Add(mark, name, {left, 1155, 1140, 30});
+        window.Add(mark, name, {left, 1155, width, 30});
     };
-    underline(form.LabelMark1, "LabelMark1", 120);
-    underline(form.LabelMark2, "LabelMark2", 3000);
-    underline(form.LabelMark3, "LabelMark3", 6000);
-    underline(form.LabelMark4, "LabelMark4", 9720);
+    underline(form.LabelMark1, "LabelMark1", 120, 1350);
+    underline(form.LabelMark2, "LabelMark2", 3000, 1695);
+    underline(form.LabelMark3, "LabelMark3", 6000, 2460);
+    underline(form.LabelMark4, "LabelMark4", 9720, 1470);
     window.Add(form.LabelShow, "LabelShow", {120, 1245, 3780, 240});
     form.LabelShow.SetBold(true);
     window.Add(form.CheckShowPath1, "CheckShowPath1", {kGridLeft + 4065, 1230, 1500, 270});
