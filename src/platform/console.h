@@ -14,7 +14,7 @@ bool IsTerminal(Stream stream);
 bool WriteAll(Stream stream, std::string_view bytes);
 
 // From now on the first interrupt or termination request is remembered and the second one ends
-// the program at once.
+// the program at once. A file that grows beyond what its user is allowed is a failure like others.
 void CatchInterrupts();
 bool InterruptRequested();
 

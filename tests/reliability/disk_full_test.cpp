@@ -4,6 +4,7 @@
 
 #include <fcntl.h>
 #include <sys/mount.h>
+#include <sys/resource.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
 
@@ -118,6 +119,23 @@ TEST_F(DiskFull, ThatRowFailsAloneAndItsTargetIsUntouched) {
     });
     if (held == Held::NotAllowed) GTEST_SKIP() << "needs root or a user namespace, to mount";
     EXPECT_EQ(held, Held::Yes);
+}
+
+TEST_F(DiskFull, AFileBeyondTheLimitOfTheUserFailsAlone) {
+    const auto size = static_cast<std::size_t>(60 * kPage);
+    Subjects = {{"does not fit", Version{Bytes(size, 'A'), kNoon}, {}},
+                {"to left", {}, Version{"fits", kNoon}},
+                {"to right", Version{"fits", kNoon}, {}}};
+    MakePair();
+    rlimit limit;
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const rlimit lower = {30 * kPage, limit.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &lower);
+    const cli::Ended run = cli::RunToEnd(Sync());
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    ExpectOneRowFailed(run, "");
+    EXPECT_EQ(ExpectWhole(""), cli::Texts());
+    ExpectNextSyncFinishes("");
 }
 
 }  // namespace

@@ -119,8 +119,11 @@ std::vector<char*> Pointers(const std::vector<std::string>& texts) {
 // A sanitized program looks for leaks by tracing itself, which one that is traced cannot do.
 std::vector<std::string> EnvironmentOf(const cli::Launch& launch) {
     std::vector<std::string> environment = launch.Environment;
+    // What they find must not look like a row that failed.
     const char* options = std::getenv("ASAN_OPTIONS");
-    environment.push_back("ASAN_OPTIONS=detect_leaks=0:" + std::string(options ? options : ""));
+    environment.push_back("ASAN_OPTIONS=detect_leaks=0:exitcode=99:" +
+                          std::string(options ? options : ""));
+    environment.emplace_back("UBSAN_OPTIONS=exitcode=99:print_stacktrace=1");
     return environment;
 }
 

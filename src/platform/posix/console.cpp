@@ -81,6 +81,7 @@ void CatchInterrupts() {
     action.sa_handler = OnInterrupt;
     action.sa_flags = SA_RESTART;  // a copy in hand is finished
     for (const int signal : {SIGINT, SIGTERM}) ::sigaction(signal, &action, nullptr);
+    ::signal(SIGXFSZ, SIG_IGN);
 }
 
 bool InterruptRequested() {
