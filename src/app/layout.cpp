@@ -68,7 +68,7 @@ void PlaceCategories(FormMain& form) {
     window.Add(form.Label8, "Label8", {5880, 915, 120, 240});
     window.Add(form.Label10, "Label10", {9600, 915, 120, 240});
     window.Add(form.Label11, "Label11", {12600, 915, 2760, 240});
-    window.Add(form.Label12, "Label12", {0, 1185, 15360, 75});
+    window.Add(form.Label12, "Label12", {0, 1185, 15360, 45});
     window.Add(form.LabelNewFile, "LabelNewFile", {120, 915, 2760, 240});
     window.Add(form.LabelChgFile, "LabelChgFile", {3000, 915, 2880, 240});
     window.Add(form.LabelNewChgFile, "LabelNewChgFile", {6000, 915, 3600, 240});
