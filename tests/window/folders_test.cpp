@@ -59,7 +59,7 @@ TEST_F(FoldersTest, CancellingLeavesTheBoxAsItIs) {
 
 TEST_F(FoldersTest, TheOpenButtonsAppearUnderThePointer) {
     const Program varnel("C:\\a , ");
-    varnel.Point("ImageOpenFolder2");  // its box is empty
+    varnel.Click("ImageOpenFolder2");  // its box is empty
     varnel.Point("ImageOpenFolder1");
     const auto shown = [](const Seen& button) { return button.Visible; };
     const auto hidden = [](const Seen& button) { return !button.Visible; };

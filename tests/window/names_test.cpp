@@ -45,9 +45,11 @@ TEST_F(NamesTest, PathsOfThreeHundredCharacters) {
     EXPECT_EQ(varnel.Text("LabelShow"), "New and Modified Files:  2");
     varnel.Set("CheckShowPath1");
     varnel.WaitForText("sFile1(0)", path);
-    varnel.Point("sMD1(1)");
-    varnel.Point("sMD1(0)");
-    varnel.WaitForText("TextFileName", path);
+    for (const auto& [cell, pointedAt] :
+         {std::pair{"sMD1(1)", "/modified.txt"}, {"sMD1(0)", "/new.txt"}}) {
+        varnel.Point(cell);
+        varnel.WaitForText("TextFileName", Files.Path("1/" + deep + pointedAt));
+    }
     varnel.Click("Command4");
     EXPECT_EQ(Answer(varnel).Text,
               "Synchronization  'New and Modified Files'  completed.      \r\n\r\n"

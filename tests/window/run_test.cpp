@@ -116,17 +116,24 @@ class LongSyncTest : public WindowTest {
         for (int i = 1000; i < 1000 + kFiles; ++i)
             Put("1/" + std::to_string(i % 50) + "/" + std::to_string(i), "content");
     }
-    // The files in 2, each of which must be whole.
+    // The files in 2, each of which must be whole. A copy under way has a name of its own.
     int Copied() const {
         int copied = 0;
         for (const std::string& folder : Files.Names("2")) {
             for (const std::string& name : Files.Names("2/" + folder)) {
+                if (name.starts_with(kUnderWay)) continue;
                 EXPECT_EQ(Files.Read("2/" + folder + "/" + name), "content") << folder << name;
                 ++copied;
             }
         }
         return copied;
     }
+    void ExpectNothingUnderWay() const {
+        for (const std::string& folder : Files.Names("2"))
+            for (const std::string& name : Files.Names("2/" + folder))
+                EXPECT_FALSE(name.starts_with(kUnderWay)) << name;
+    }
+    static constexpr const char* kUnderWay = ".varnel~";
     static constexpr int kFiles = 800;
 };
 
@@ -150,6 +157,7 @@ TEST_F(LongSyncTest, StopLeavesWholeFiles) {
         EXPECT_EQ(Answer(varnel), (ShownMessage{MessageKind::Exclamation, "Varnel",
                                                 "Synchronization User Canceled.      "}));
         varnel.WaitForQuiet();
+        ExpectNothingUnderWay();
         EXPECT_LT(Copied(), kFiles);
         EXPECT_EQ(NumberIn(varnel.Text("LabelAllFile")), Copied() - before);
         EXPECT_EQ(NumberIn(varnel.Text("LabelNewChgFile")), 0);
@@ -173,6 +181,10 @@ TEST_F(LongSyncTest, OnlyHoveringActsMeanwhile) {
     varnel.Point("sFile1(7)");
     varnel.WaitFor("sFile1(7)", "highlighted",
                    [](const Seen& cell) { return cell.Back == 0xFFFF80; });
+    const RECT row = varnel.Look("sFile1(7)").Area;
+    varnel.WaitForPicture([&](const ScreenPicture& picture) {  // and the screen follows
+        return picture.At(row.left + 1, row.top + 1) == 0xFFFF80;
+    });
     EXPECT_TRUE(varnel.Shows("Command9")) << "the sync must still run";
     EXPECT_EQ(varnel.Text("Command3"), "Compare");
     EXPECT_EQ(varnel.Text("sTYPE(0)"), "1.");
@@ -190,6 +202,7 @@ TEST_F(LongSyncTest, ClosingEndsItWithoutAMessage) {
     WaitUntil("some copies", [&] { return Copied() > 0; });
     ::PostMessageW(varnel.Window(), WM_SYSCOMMAND, SC_CLOSE, 0);
     EXPECT_EQ(varnel.WaitForEnd(), 0u);
+    ExpectNothingUnderWay();
     EXPECT_GT(Copied(), 0);
     EXPECT_LT(Copied(), kFiles);
 }
