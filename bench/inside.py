@@ -8,8 +8,7 @@ ROWS = (("ShowView", "a page filled"), ("ScrollStep", "a scroll step"),
         ("CategoryClick", "a category click"), ("DirectionChoice", "one changed direction"))
 GROWTH = (("Scan/normal", "scan, a file"), ("Scan/reversed", "scan, names in another order"),
           ("Scan/one_folder", "scan, all in one folder"), ("Compare", "comparison, a pair"),
-          ("HandledRows", "handled rows, a row"), ("Refresh", "refresh, a row"),
-          ("Sync", "synchronisation, a row"))
+          ("Refresh", "refresh, a row"), ("Sync", "synchronisation, a row"))
 SINGLE = (("Classify/no_filter", "a pair classified"),
           ("Classify/with_filter", "a pair classified, with a file filter"),
           ("FormatTime/days:1", "a time as text, all of one day"),

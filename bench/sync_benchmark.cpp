@@ -9,8 +9,6 @@
 namespace {
 
 using bench::MeasuredWindow;
-using compare::Category;
-using compare::SyncMode;
 
 // A window whose New list has so many rows, none of them copied yet.
 struct Compared : MeasuredWindow {
@@ -19,23 +17,18 @@ struct Compared : MeasuredWindow {
     }
 };
 
-void HandledRows(benchmark::State& state) {
-    const Compared window(state.range(0));
-    const compare::ItemList& rows = window.Form.Table.NewList;
-    for (auto _ : state)
-        benchmark::DoNotOptimize(syncing::HandledRows(rows, SyncMode::Double, Category::New,
-                                                      compare::CompareTable::Count(rows)));
-    state.SetItemsProcessed(state.range(0) * static_cast<std::int64_t>(state.iterations()));
-}
-
 // Looks at every row's files again and sorts the rows into the result lists.
 void Refresh(benchmark::State& state) {
     Compared window(state.range(0));
     app::FormMain& form = window.Form;
     syncing::SyncRefresh refresh(
-        form.Table, window.Files, window.Host,
+        form.Table, window.Files,
         {form.LabelNewFile, form.LabelChgFile, form.LabelNewChgFile, form.LabelAllFile});
-    for (auto _ : state) refresh.Run(form.Table.NewList);
+    for (auto _ : state) {
+        refresh.Begin();
+        for (const compare::CompareItem& item : form.Table.NewList) refresh.Examine(item, true);
+        refresh.Finish();
+    }
     state.SetItemsProcessed(state.range(0) * static_cast<std::int64_t>(state.iterations()));
 }
 
@@ -56,11 +49,6 @@ void Sync(benchmark::State& state) {
 
 }  // namespace
 
-BENCHMARK(HandledRows)
-    ->ArgName("rows")
-    ->RangeMultiplier(10)
-    ->Range(10'000, 1'000'000)
-    ->Unit(benchmark::kMillisecond);
 BENCHMARK(Refresh)
     ->ArgName("rows")
     ->RangeMultiplier(10)

@@ -71,9 +71,9 @@ std::optional<Category> CategoryOfView(std::string_view viewCode) {
 SyncCommands::SyncCommands(SyncPanel& panel, Parts parts)
     : panel_(panel),
       parts_(std::move(parts)),
-      workers_({parts_.Table, parts_.Host, parts_.Files, parts_.Filter, panel, parts_.lblComparing,
-                parts_.Tallies.LabelAllFile}),
-      refresh_(parts_.Table, parts_.Files, parts_.Host, parts_.Tallies) {
+      refresh_(parts_.Table, parts_.Files, parts_.Tallies),
+      workers_({parts_.Table, parts_.Host, parts_.Files, parts_.Filter, panel, refresh_,
+                parts_.lblComparing, parts_.Tallies.LabelAllFile}) {
     ShowIdleButtons();
     const auto wire = [this](platform::Button& button, Mode mode) {
         button.OnPointerMove = [this, mode](platform::PointerPosition) { ShowTip(mode); };
@@ -119,14 +119,9 @@ void SyncCommands::SayNothingToDo(Mode mode, Category category) {
 }
 
 void SyncCommands::Work(Mode mode, Category category) {
-    compare::CompareTable& table = parts_.Table;
-    const std::int32_t before = table.PendingCount(mode, category);
     workers_.Run(mode, category, parts_.Owner.Root1(), parts_.Owner.Root2());
-    // Taken before the rebuild: it brings back the codes of rows turned round in NewChg alone.
-    compare::ItemList handled = HandledRows(table.ListOf(category), mode, category,
-                                            before - table.PendingCount(mode, category));
-    table.BuildNewChgList();
-    refresh_.Run(std::move(handled), workers_.Copied());
+    parts_.Table.BuildNewChgList();
+    refresh_.Finish();
     parts_.Owner.ShowFromStart("SyncAll");
 }
 

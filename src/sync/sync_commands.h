@@ -72,8 +72,8 @@ class SyncCommands {
 
     SyncPanel& panel_;
     Parts parts_;
-    TransferWorkers workers_;
     SyncRefresh refresh_;
+    TransferWorkers workers_;
     std::string syncMode_;
 };
 

@@ -1,10 +1,7 @@
 #include "sync/sync_refresh.h"
 
-#include <cstdlib>
 #include <string>
 #include <utility>
-
-#include "sync/transfer_workers.h"
 
 namespace syncing {
 
@@ -12,7 +9,6 @@ namespace {
 
 using compare::CompareItem;
 using compare::CompareTable;
-using compare::ItemList;
 namespace code = compare::code;
 
 bool WithinTwoSeconds(platform::FileTime a, platform::FileTime b) {
@@ -29,30 +25,7 @@ bool Succeeded(const CompareItem& item, bool copied) {
 
 }  // namespace
 
-ItemList HandledRows(const ItemList& worked, compare::SyncMode mode, compare::Category category,
-                     std::int32_t count) {
-    ItemList handled;
-    handled.reserve(static_cast<std::size_t>(count));
-    for (const CompareItem& item : worked) {
-        if (CompareTable::Count(handled) == count) break;
-        if (ActsOn(mode, category, item.Code)) handled.push_back(item);
-    }
-    return handled;
-}
-
-void SyncRefresh::Run(ItemList handled, const std::vector<bool>& copied) {
-    table_.ClearSyncLists();
-    for (std::size_t i = 0; i < handled.size(); ++i) {
-        Examine(handled[i], copied.empty() || copied[i]);
-        host_.DoEvents();
-    }
-    table_.SyncAllList = std::move(handled);
-    SyncTotalCount = CompareTable::Count(table_.SyncAllList);
-    SyncFailCount = CompareTable::Count(table_.FailList);
-    ShowTallies();
-}
-
-void SyncRefresh::Examine(CompareItem& item, bool copied) {
+void SyncRefresh::Examine(CompareItem item, bool copied) {
     const platform::FileStatus file1 = files_.Look(item.Path1());
     const platform::FileStatus file2 = files_.Look(item.Path2());
     item.Time1 = file1.Time;
@@ -66,10 +39,13 @@ void SyncRefresh::Examine(CompareItem& item, bool copied) {
         item.Code = rightward ? code::kFailedRight : code::kFailedLeft;
         table_.FailList.push_back(item);
     }
+    table_.SyncAllList.push_back(item);
 }
 
-void SyncRefresh::ShowTallies() {
-    const auto tally = [](const ItemList& list) { return std::to_string(list.size()); };
+void SyncRefresh::Finish() {
+    SyncTotalCount = CompareTable::Count(table_.SyncAllList);
+    SyncFailCount = CompareTable::Count(table_.FailList);
+    const auto tally = [](const compare::ItemList& list) { return std::to_string(list.size()); };
     labels_.LabelNewFile.SetCaption("Sync --> ( " + tally(table_.SyncLrList) + " ) ");
     labels_.LabelChgFile.SetCaption("( " + tally(table_.SyncRlList) + " ) <-- Sync");
     labels_.LabelNewChgFile.SetCaption("Sync Fail ( " + tally(table_.FailList) + " ) ");

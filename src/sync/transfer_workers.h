@@ -3,13 +3,13 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "compare/compare_table.h"
 #include "platform/files.h"
 #include "platform/forms.h"
 #include "rules/file_filter.h"
 #include "sync/file_operations.h"
+#include "sync/sync_refresh.h"
 
 namespace syncing {
 
@@ -36,6 +36,7 @@ class TransferWorkers {
         platform::FileSystem& Files;
         const rules::FileFilter& Filter;
         SyncPanel& Panel;
+        SyncRefresh& Refresh;
         platform::Label& lblComparing;
         platform::Label& LabelAllFile;
     };
@@ -44,14 +45,12 @@ class TransferWorkers {
         : parts_(parts), operations_(parts.Files, parts.Host, parts.Filter) {}
 
     // Runs one worker over its category's list. The roots end in a separator. Lowers the
-    // PendingCount of the mode and category by one for every row that it acts on. A stop ends it
-    // before the next row. After a comparison that could not look everywhere, a target that it
-    // took for missing is not replaced if it exists: it may be the newer one.
+    // PendingCount of the mode and category by one for every row that it acts on and hands the row
+    // to the refresh, with the code that it used. A stop ends it before the next row. After a
+    // comparison that could not look everywhere, a target that it took for missing is not replaced
+    // if it exists: it may be the newer one.
     void Run(compare::SyncMode mode, compare::Category category, const std::string& root1,
              const std::string& root2);
-
-    // For each row that the last run acted on, in order: whether its copy was done.
-    const std::vector<bool>& Copied() const { return copied_; }
 
   private:
     bool Transfer(const compare::CompareItem& item, const std::string& root1,
@@ -60,7 +59,6 @@ class TransferWorkers {
 
     Parts parts_;
     FileOperations operations_;
-    std::vector<bool> copied_;
 };
 
 }  // namespace syncing
