@@ -40,18 +40,18 @@ syncing::TallyLabels TallyLabelsOf(FormMain& form) {
 FormMain::FormMain(const Environment& environment)
     : FilterDialog(Filter, environment.Host, environment.Dialogs, kTitle),
       environment_(environment),
+      dialogs_(environment.Dialogs, closing_),
       page_(*this, *this),
       views_(Table, page_, *this, *this),
       categories_(*this, LabelFileFilter, *this),
-      compare_(*this, {Table, Filter, environment.Files, environment.Host, environment.Dialogs,
-                       *this, CountLabelsOf(*this), kTitle}),
-      sync_(*this, {Table, environment.Files, environment.Host, environment.Dialogs, Filter, *this,
+      compare_(*this, {Table, Filter, environment.Files, environment.Host, dialogs_, *this,
+                       CountLabelsOf(*this), kTitle}),
+      sync_(*this, {Table, environment.Files, environment.Host, dialogs_, Filter, *this,
                     lblComparing, TextFileName, LabelTip, TallyLabelsOf(*this), kTitle}),
       direction_(*this, Table, *this),
-      exports_({Table, environment.Files, environment.Host, environment.Dialogs, environment.Shell,
-                kTitle}),
-      profiles_({environment.Registry, Combo1, Combo2, environment.Dialogs, environment.Host,
-                 Filter, [this] { DescribeFileFilter(); }, kTitle}) {
+      exports_({Table, environment.Files, environment.Host, dialogs_, environment.Shell, kTitle}),
+      profiles_({environment.Registry, Combo1, Combo2, dialogs_, environment.Host, Filter,
+                 [this] { DescribeFileFilter(); }, kTitle}) {
     lblComparing.SetVisible(false);
     TextFileName.SetReadOnly(true);
     Window.Menu = MenuTree();
@@ -182,8 +182,9 @@ void FormMain::GuardMenu(std::vector<platform::MenuItem>& items) {
 void FormMain::RunLong(const std::function<void()>& command) {
     const auto setRunning = [this](bool running) {
         running_ = running;
-        Combo1.SetEnabled(!running);
-        Combo2.SetEnabled(!running);
+        for (platform::Control* control : std::initializer_list<platform::Control*>{
+                 &Combo1, &Combo2, &CheckShowPath1, &CheckShowPath2})
+            control->SetEnabled(!running);
     };
     setRunning(true);
     command();
@@ -252,7 +253,7 @@ void FormMain::EditFileFilter() {
 void FormMain::Browse(platform::ComboBox& combo) {
     formSelFolder_.Bounds = {Window.Bounds.Left + 1000, Window.Bounds.Top + 600, 0, 0};
     environment_.Host.Show(formSelFolder_);
-    const auto picked = environment_.Dialogs.PickFolder("Please select Folder 1:", formSelFolder_);
+    const auto picked = dialogs_.PickFolder("Please select Folder 1:", formSelFolder_);
     environment_.Host.Unload(formSelFolder_);
     if (picked && !picked->empty()) combo.SetText(platform::WithSeparator(*picked));
 }
@@ -275,15 +276,15 @@ void FormMain::ShowHelp() {
         text += paragraph;
     }
     text += "\r\n   ";
-    environment_.Dialogs.ShowMessage(
+    dialogs_.ShowMessage(
         {text, platform::MessageIcon::Information, platform::MessageButtons::Ok, "Help Document"});
 }
 
 void FormMain::ShowAbout() {
     const std::string text = kTitle + " ,  Version " + std::string(kVersion) +
                              "\r\n\r\nCompares two folders and synchronises them.";
-    environment_.Dialogs.ShowMessage({text, platform::MessageIcon::Information,
-                                      platform::MessageButtons::Ok, "About " + kTitle});
+    dialogs_.ShowMessage({text, platform::MessageIcon::Information, platform::MessageButtons::Ok,
+                          "About " + kTitle});
 }
 
 // Closing during a long command is Stop; the window goes once the command has unwound.

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "app/dialogs_until_closing.h"
 #include "app/profiles.h"
 #include "compare/compare_command.h"
 #include "compare/compare_table.h"
@@ -114,7 +115,6 @@ class FormMain : public MainControls,
     std::string Root2() const override { return compare_.Folder2(); }
     void ShowFromStart(std::string_view viewCode) override;
     void RemoveLeftovers() override;
-    bool Closing() const override { return closing_; }
 
     // grid::PageOwner
     void RedrawView() override { ShowView(views_.CurrentView()); }
@@ -141,7 +141,10 @@ class FormMain : public MainControls,
     void Exit();
     std::vector<platform::MenuItem> MenuTree();
 
+    bool running_ = false;  // a long command: only its Stop button, hovering and closing act
+    bool closing_ = false;
     Environment environment_;
+    DialogsUntilClosing dialogs_;
     platform::Form formSelFolder_{"FormSelFolder"};
     grid::GridPage page_;
     grid::GridViews views_;
@@ -151,8 +154,6 @@ class FormMain : public MainControls,
     rules::RowDirection direction_;
     reports::ExportLists exports_;
     Profiles profiles_;
-    bool running_ = false;  // a long command: only its Stop button, hovering and closing act
-    bool closing_ = false;
 };
 
 }  // namespace app

@@ -95,7 +95,7 @@ void SyncCommands::Sync(Mode mode) {
         return;
     }
     Work(mode, *category);
-    if (!parts_.Owner.Closing()) Report(mode);
+    Report(mode);
     ShowIdleButtons();
 }
 

@@ -28,8 +28,6 @@ class SyncOwner {
     virtual void ShowFromStart(std::string_view viewCode) = 0;
     // Removes what earlier copies that were killed left behind in the two trees.
     virtual void RemoveLeftovers() = 0;
-    // The window is about to go: no message is shown any more.
-    virtual bool Closing() const = 0;
 };
 
 class SyncCommands {
