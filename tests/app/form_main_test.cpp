@@ -1,5 +1,6 @@
 #include "app/form_main.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,181 +13,114 @@ namespace app {
 namespace {
 
 using fakes::FakeFiles;
-using fakes::kNew;
 using fakes::Texts;
-using platform::MessageIcon;
 
 const std::string kSlash(1, platform::Separator);
+const std::string kSlot0 = "SOFTWARE\\SystemInfoFolderCS1993\\P0";
 
-class FormMainTest : public fakes::MainWindowTest {};
-
-// A window as it is when the program starts, with one pair and its filter in the history.
-struct Started {
-    explicit Started(const std::string& commandLine) {
-        registry.CreateKey("SOFTWARE\\SystemInfoFolderCS1993\\P0");
-        registry.WriteDefault("SOFTWARE\\SystemInfoFolderCS1993\\P0",
-                              "/h1==========/h2==========/txt==========-1");
-        form.Load(commandLine);
+class FormMainTest : public fakes::MainWindowTest {
+  protected:
+    void PutManyAndCompare() {
+        for (int i = 0; i < 60; ++i) Put("1/n" + std::to_string(i));
+        form.Command3.Click();
     }
-    FakeFiles files;
-    fakes::MemoryRegistry registry;
-    platform::headless::Host host;
-    platform::headless::Dialogs dialogs;
-    platform::headless::Shell shell;
-    FormMain form{{host, files, registry, dialogs, shell}};
 };
 
-TEST(FormMainStart, TheCommandLineGoesBeforeTheHistory) {
-    struct Case {
+TEST_F(FormMainTest, TheCommandLineGoesBeforeTheHistory) {
+    const Texts kept{"/h1", "/h2"};
+    const struct {
         const char* CommandLine;
         Texts Folders;
         const char* Filter;
-    };
-    const Texts kept{"/h1", "/h2"};
-    const Case cases[] = {
+    } cases[] = {
         {"", kept, "/txt"},
-        {"/a , /b", {"/a", "/b"}, ""},
         {"  /a x,/b  ", {"/a x", "/b"}, ""},
-        {"\"/a x\",\"/b y\"", {"/a x", "/b y"}, ""},
         {" \" /a\" ,  \"\"/b\"\" ", {" /a", "\"/b\""}, ""},
         {"\"/a,/b\"", {"\"/a", "/b\""}, ""},
         {"/a,", {"/a", ""}, ""},
-        {" ,/b", kept, "/txt"},
         {"\"\",/b", kept, "/txt"},
-        {",", kept, "/txt"},
         {"/a", kept, "/txt"},
-        {"/a,/b,/c", kept, "/txt"},
         {"/a,/b,", kept, "/txt"},
     };
-    for (const Case& c : cases) {
+    registry.CreateKey(kSlot0);
+    registry.WriteDefault(kSlot0, "/h1==========/h2==========/txt==========-1");
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.CommandLine);
-        const Started program(c.CommandLine);
-        EXPECT_EQ((Texts{program.form.Combo1.Text(), program.form.Combo2.Text()}), c.Folders);
-        EXPECT_EQ(program.form.Combo1.Entries(), Texts{"/h1"});
-        EXPECT_EQ(program.form.Combo2.Entries(), Texts{"/h2"});
-        EXPECT_EQ(program.form.Filter.FilterExtensions, c.Filter);
-        EXPECT_TRUE(program.dialogs.Messages.empty());
+        form.Filter = {};
+        form.Load(c.CommandLine);
+        EXPECT_EQ((Texts{form.Combo1.Text(), form.Combo2.Text()}), c.Folders);
+        EXPECT_EQ(form.Combo1.Entries(), Texts{"/h1"});
+        EXPECT_EQ(form.Filter.FilterExtensions, c.Filter);
     }
 }
 
-TEST_F(FormMainTest, StandsSlightlyAboveTheMiddleOfTheScreen) {
-    class Screen : public platform::headless::Host {
-      public:
-        Screen(int width, int height) : width_(width), height_(height) {}
-        int ScreenWidth() const override { return width_; }
-        int ScreenHeight() const override { return height_; }
-
-      private:
-        int width_, height_;
-    };
-    struct Case {
-        int Width, Height;
-        platform::Place Bounds;
-    };
-    const Case cases[] = {{28'800, 16'200, {6'720, 2'583, 15'360, 10'000}},
-                          {9'600, 7'600, {-2'880, -1'000, 15'360, 10'000}}};
-    for (const Case& c : cases) {
-        Screen screen(c.Width, c.Height);
-        FormMain small({screen, files, registry, dialogs, shell});
-        small.Load("");
-        EXPECT_EQ(small.Window.Bounds, c.Bounds);
+TEST_F(FormMainTest, TheCompanionsJobsOfBothFoldersFollowTheHistory) {
+    const fakes::TempFolder documents, program;
+    for (const fakes::TempFolder* folder : {&documents, &program}) {
+        folder->WriteFile("Q7DB.qdb", "/job," + folder->Path() + std::string(20, ',') + ",9");
+        Put(FakeFiles::NameOf(folder->Path("Q7DB.qdb")));
     }
+    shell.Documents = documents.Path();
+    shell.Program = program.Path();
+    form.Load("");
+    EXPECT_EQ(form.Combo2.Entries(), (Texts{documents.Path(), program.Path()}));
+    EXPECT_EQ(form.Combo1.Text(), "") << "offered, not picked";
 }
 
 TEST_F(FormMainTest, WhatIsShownAtTheStart) {
     EXPECT_EQ(form.Window.Caption, " Varnel ,  Version 8.12");
+    EXPECT_EQ(form.Window.Bounds, (platform::Place{6'720, 2'583, 15'360, 10'000}))
+        << "slightly above the middle of the screen";
     EXPECT_EQ(form.LabelTip1.Caption(),
               "How to start ?\r\nClick 'Browse' button to select the folder 1 and folder 2, then "
               "click 'Compare' button.");
     EXPECT_EQ(form.LabelFileFilter.Caption(), "File Filter:  Sync all type of files.");
-    EXPECT_EQ(form.Command3.Caption(), "Compare");
-    EXPECT_EQ(form.TextFileName.Text(), "");
-    for (const platform::Button* stop : {&form.Command8, &form.Command9, &form.Command10}) {
-        EXPECT_EQ(stop->Place().Top, 7100);
-        EXPECT_FALSE(stop->Visible());
-    }
-    for (const platform::Control* hidden : std::initializer_list<const platform::Control*>{
-             &form.CmdOpenFolder1, &form.CmdOpenFolder2, &form.lblComparing, &form.Picture3})
-        EXPECT_FALSE(hidden->Visible()) << hidden->Name();
+    for (const char* hidden : {"Command8", "Command9", "Command10", "CmdOpenFolder1",
+                               "CmdOpenFolder2", "lblComparing", "Picture3"})
+        EXPECT_FALSE(form.Window.Find(hidden)->Visible()) << hidden;
+    EXPECT_EQ(form.Command8.Place().Top, 7100);
     EXPECT_EQ(form.CurrentViewCode(), "");
-}
-
-TEST_F(FormMainTest, TheControlsFit) {
-    form.LabelNewFile.Click();
     EXPECT_EQ(fakes::LayoutFaults(form.Window), Texts());
 }
 
 TEST_F(FormMainTest, BrowsingPutsTheFolderIntoItsBox) {
-    struct Case {
-        const char* Picked;
-        std::string Text;
-    };
-    const Case cases[] = {{"/picked", "/picked" + kSlash}, {nullptr, "before"}};
-    struct Box {
-        platform::Button* Command;
-        platform::ComboBox* Combo;
-    };
-    for (const Box& box :
-         {Box{&form.CommandBrowse1, &form.Combo1}, Box{&form.CommandBrowse2, &form.Combo2}})
-        for (const Case& c : cases) {
-            box.Combo->Edit("before");
-            if (c.Picked) dialogs.FolderAnswers.push_back(c.Picked);
-            box.Command->Click();
-            EXPECT_EQ(box.Combo->Text(), c.Text);
+    const std::pair<std::function<void()>, platform::ComboBox*> ways[] = {
+        {[this] { form.CommandBrowse1.Click(); }, &form.Combo1},
+        {[this] { form.CommandBrowse2.Click(); }, &form.Combo2},
+        {[this] { ClickMenu("mnuFolder1"); }, &form.Combo1},
+        {[this] { ClickMenu("mnuFolder2"); }, &form.Combo2}};
+    for (const auto& [browse, box] : ways) {
+        box->Edit("before");
+        browse();
+        EXPECT_EQ(box->Text(), "before") << "cancelled";
+        for (const std::string& picked : {std::string("/picked"), "D:" + kSlash}) {
+            dialogs.FolderAnswers = {picked};
+            browse();
+            EXPECT_EQ(box->Text(), platform::WithSeparator(picked));
         }
-    dialogs.FolderAnswers = {"D:" + kSlash, FakeFiles::Path("1")};
-    ClickMenu("mnuFolder1");
-    ClickMenu("mnuFolder2");
-    EXPECT_EQ(form.Combo1.Text(), "D:" + kSlash);
-    EXPECT_EQ(form.Combo2.Text(), FakeFiles::Path("1") + kSlash);
-    EXPECT_EQ(dialogs.Prompts, Texts(6, "Please select Folder 1:"));
+    }
+    EXPECT_EQ(dialogs.Prompts, Texts(12, "Please select Folder 1:"));
     EXPECT_EQ(host.ShownForms, std::vector<const platform::Form*>{&form.Window});
 }
 
-TEST_F(FormMainTest, ThePickerOpensOnItsOwnForm) {
-    class Picker : public platform::headless::Dialogs {
-      public:
-        const platform::headless::Host* Host = nullptr;
-        Texts Owners;
-        platform::Place At;
-        std::optional<std::string> PickFolder(const std::string&,
-                                              const platform::Form& owner) override {
-            Owners.push_back(owner.Name + (Host->IsShown(owner) ? " shown" : ""));
-            At = owner.Bounds;
-            return std::nullopt;
-        }
-    } picker;
-    picker.Host = &host;
-    FormMain other({host, files, registry, picker, shell});
-    other.Load("");
-    other.CommandBrowse1.Click();
-    EXPECT_EQ(picker.Owners, Texts{"FormSelFolder shown"});
-    EXPECT_EQ(picker.At.Left, other.Window.Bounds.Left + 1000);
-    EXPECT_EQ(picker.At.Top, other.Window.Bounds.Top + 600);
-}
-
 TEST_F(FormMainTest, OpenButtonsAppearUnderThePointerAndOpenWhatTheBoxSays) {
-    struct Side {
+    const struct {
         platform::Image* Image;
         platform::Button* Button;
         platform::ComboBox* Combo;
         const char* Menu;
-    };
-    const Side sides[] = {
-        {&form.ImageOpenFolder1, &form.CmdOpenFolder1, &form.Combo1, "mnuOpenFolder1"},
-        {&form.ImageOpenFolder2, &form.CmdOpenFolder2, &form.Combo2, "mnuOpenFolder2"}};
-    for (const Side& side : sides) {
-        for (const char* blank : {"", "   "}) {
-            side.Combo->Edit(blank);
+    } sides[] = {{&form.ImageOpenFolder1, &form.CmdOpenFolder1, &form.Combo1, "mnuOpenFolder1"},
+                 {&form.ImageOpenFolder2, &form.CmdOpenFolder2, &form.Combo2, "mnuOpenFolder2"}};
+    for (const auto& side : sides) {
+        for (const std::string text : {"   ", " missing "}) {
+            side.Combo->Edit(text);
             side.Image->PointerMove({});
-            EXPECT_FALSE(side.Button->Visible());
+            EXPECT_EQ(side.Button->Visible(), text == " missing ");
         }
-        side.Combo->Edit(" missing ");
-        side.Image->PointerMove({});
-        EXPECT_TRUE(side.Button->Visible());
         EXPECT_GT(side.Button->ZOrder(), side.Image->ZOrder());
         side.Button->Click();
         ClickMenu(side.Menu);
+        side.Combo->Edit("");
     }
     EXPECT_EQ(shell.OpenedFolders, Texts(4, " missing "));
     form.Window.OnPointerMove({});
@@ -194,27 +128,23 @@ TEST_F(FormMainTest, OpenButtonsAppearUnderThePointerAndOpenWhatTheBoxSays) {
 }
 
 TEST_F(FormMainTest, ThePointerOnPlainGroundEndsTipsAndHovering) {
-    for (const char* name : {"a", "b", "c"}) Put(std::string("1/") + name);
-    form.Command3.Click();
-    form.Command4.PointerMove({});
-    EXPECT_NE(form.LabelTip.Caption(), "");
-    form.LabelTip1.PointerMove({});
-    EXPECT_EQ(form.LabelTip.Caption(), "");
-
-    form.Command5.PointerMove({});
+    PutManyAndCompare();
+    for (platform::Control* ground :
+         std::initializer_list<platform::Control*>{&form.LabelTip1, &form.Picture1}) {
+        form.Command4.PointerMove({});
+        EXPECT_NE(form.LabelTip.Caption(), "");
+        ground->PointerMove({});
+        EXPECT_EQ(form.LabelTip.Caption(), "");
+    }
     form.sFile1[2].PointerMove({});
-    EXPECT_EQ(form.sFile1[2].BackColor(), 0xFFFF80u);
     form.Picture1.PointerMove({});
-    EXPECT_EQ(form.LabelTip.Caption(), "");
     EXPECT_EQ(form.sFile1[2].BackColor(), 0xFFFFC0u);
 }
 
-TEST_F(FormMainTest, ScrollingByKeyAndWheel) {
-    for (int i = 0; i < 60; ++i) Put("1/n" + std::to_string(i));
-    form.Command3.Click();
+TEST_F(FormMainTest, ScrollingByKeyWheelAndBar) {
+    PutManyAndCompare();
     form.Window.OnScrollKey(platform::ScrollKey::PageDown);
     form.Window.OnWheel(3);
-    EXPECT_EQ(form.sTYPE[0].Caption(), "29.");
     EXPECT_EQ(form.VScroll1.Value(), 28);
     form.VScroll1.Scroll(2);
     EXPECT_EQ(form.sTYPE[24].Caption(), "27.");
@@ -224,8 +154,7 @@ TEST_F(FormMainTest, ScrollingByKeyAndWheel) {
 
 // The panel knows its row by the row's number in the list that was shown.
 TEST_F(FormMainTest, TheDirectionPanelGoesWhenAnotherViewComes) {
-    for (int i = 0; i < 60; ++i) Put("1/n" + std::to_string(i));
-    form.Command3.Click();
+    PutManyAndCompare();
     const std::function<void()> changes[] = {
         [this] { form.LabelAllFile.Click(); }, [this] { form.LabelNewFile.Click(); },
         [this] { form.VScroll1.Scroll(3); },   [this] { form.CheckShowPath1.Click(); },
@@ -251,15 +180,14 @@ TEST_F(FormMainTest, TheFilterLineOpensTheDialogAndKeepsThePair) {
     form.Combo1.Edit("  /a ");
     form.LabelFileFilter.Click();
     EXPECT_EQ(form.LabelFileFilter.Caption(), "Only sync files with extensions:  .txt .doc");
-    EXPECT_EQ(registry.Values.at("SOFTWARE\\SystemInfoFolderCS1993\\P0"),
+    EXPECT_EQ(registry.Values.at(kSlot0),
               "/a==========" + FakeFiles::Path("2") + "==========/txt/doc==========-1");
 }
 
-TEST_F(FormMainTest, ClosingUnloadsWhatIsOpen) {
+TEST_F(FormMainTest, ClosingUnloadsWhatIsOpenAndRemembersNothing) {
     host.Show(form.FilterDialog.FormFilter);
     EXPECT_TRUE(form.Window.OnCloseRequest());
     EXPECT_FALSE(host.IsShown(form.FilterDialog.FormFilter));
-    host.Show(form.FilterDialog.FormFilter);
     ClickMenu("mnuExit");
     EXPECT_TRUE(host.ShownForms.empty());
     EXPECT_TRUE(dialogs.Messages.empty());
