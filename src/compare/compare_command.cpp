@@ -119,7 +119,6 @@ void CompareCommand::FillTable() {
     parts_.Host.DoEvents();
     troubles_ = scanner.Troubles();
     troubles_.UnansweredLookUps = parts_.Files.UnansweredLookUps() - unansweredBefore;
-    table.Incomplete = troubles_.MayHaveOverlooked();
 
     table.BuildNewChgList();
     parts_.Host.DoEvents();

@@ -99,7 +99,6 @@ void CompareTable::Clear(std::shared_ptr<RowTexts> texts) {
     for (ItemList* list : {&NewList, &ChgList, &NewChgList, &SameList}) ItemList().swap(*list);
     ClearSyncLists();
     pendingCounts_.fill(0);
-    Incomplete = false;
     texts_ = std::move(texts);
 }
 

@@ -110,8 +110,6 @@ class CompareTable {
 
     std::int32_t Fcount = 0;  // files still to be compared
     bool StopRequested = false;
-    // The comparison could not look everywhere: what it took for missing may exist.
-    bool Incomplete = false;
 
     std::int32_t NewCount() const { return Count(NewList); }
     std::int32_t ChgCount() const { return Count(ChgList); }

@@ -25,9 +25,6 @@ struct ScanTroubles {
     std::vector<std::string> Leftovers;  // full paths of what killed copies left behind
 
     void AddUnreadable(platform::Outcome outcome);
-
-    // Something that was taken for missing may be there.
-    bool MayHaveOverlooked() const { return UnreadableCount != 0 || UnansweredLookUps != 0; }
 };
 
 struct ScannedFile {

@@ -98,8 +98,8 @@ class FileSystem {
     // parent folders are made. The content goes to a temporary name beside the target, which is
     // then replaced in one step: after a failure, whenever it comes, the target is as it was and
     // no temporary file is left. Fails when the source is not a regular file or changes meanwhile,
-    // and when the target is a folder, a link, read-only, or the source itself. `whileCopying` is
-    // called now and then during a long copy.
+    // and when the target is a folder, a link, read-only, or the source itself, or changes
+    // meanwhile. `whileCopying` is called now and then during a long copy.
     virtual Outcome CopyOver(const std::string& from, const std::string& to,
                              const std::function<void()>& whileCopying) = 0;
 

@@ -63,17 +63,21 @@ void TransferWorkers::Run(SyncMode mode, Category category, const std::string& r
     parts_.LabelAllFile.SetVisible(true);
 }
 
-bool TransferWorkers::WasOverlooked(const compare::CompareItem& item) {
+// What came up or was changed since the comparison, or was overlooked by it, has been shown to
+// nobody: a copy would destroy it. The zero time is that of a missing file, as in a comparison.
+bool TransferWorkers::TargetIsAsCompared(const compare::CompareItem& item) {
     const bool rightward = code::IsRightward(item.Code);
-    if (!parts_.Table.Incomplete || (rightward ? item.HasSize2() : item.HasSize1())) return false;
     const std::int64_t unanswered = parts_.Files.UnansweredLookUps();
-    return parts_.Files.Look(rightward ? item.Path2() : item.Path1()).Exists() ||
-           parts_.Files.UnansweredLookUps() != unanswered;
+    const platform::FileStatus now = parts_.Files.Look(rightward ? item.Path2() : item.Path1());
+    if (parts_.Files.UnansweredLookUps() != unanswered) return false;
+    if (now.Time.IsZero()) return true;
+    return now.Size == (rightward ? item.Bytes2 : item.Bytes1) &&
+           now.Time == (rightward ? item.Time2 : item.Time1);
 }
 
 bool TransferWorkers::Transfer(const compare::CompareItem& item, const std::string& root1,
                                const std::string& root2) {
-    if (WasOverlooked(item)) return false;
+    if (!TargetIsAsCompared(item)) return false;
     switch (item.Code) {
         case code::kCopyRight:
             return operations_.CopyToCounterpart(item.Path1(), root1, root2);

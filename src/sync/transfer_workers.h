@@ -46,16 +46,15 @@ class TransferWorkers {
 
     // Runs one worker over its category's list. The roots end in a separator. Lowers the
     // PendingCount of the mode and category by one for every row that it acts on and hands the row
-    // to the refresh, with the code that it used. A stop ends it before the next row. After a
-    // comparison that could not look everywhere, a target that it took for missing is not replaced
-    // if it exists: it may be the newer one.
+    // to the refresh, with the code that it used. A stop ends it before the next row. A target that
+    // is no longer what its row shows is left alone.
     void Run(compare::SyncMode mode, compare::Category category, const std::string& root1,
              const std::string& root2);
 
   private:
     bool Transfer(const compare::CompareItem& item, const std::string& root1,
                   const std::string& root2);
-    bool WasOverlooked(const compare::CompareItem& item);
+    bool TargetIsAsCompared(const compare::CompareItem& item);
 
     Parts parts_;
     FileOperations operations_;

@@ -202,20 +202,21 @@ TEST_F(SyncCommandsTest, ADirectionChosenInTheJoinedViewAloneCountsForTheSync) {
               (Texts{"11 n1", "11 s/n2", "12 t/m1", "21 newer1", "22 newer2"}));
 }
 
-// What a comparison could not look at may be newer than the file that it found.
-TEST_F(SyncCommandsTest, NothingUnseenIsOverwritten) {
-    for (const char* name : {"1/a", "1/b", "2/c"}) Put(name);
-    for (const bool incomplete : {true, false}) {
-        for (const char* name : {"2/a", "2/b", "1/c"}) files.Remove(name);
-        form.Command3.Click();
-        form.Table.Incomplete = incomplete;
-        Put("2/a", kNew, 9);
-        Put("1/c", kNew, 9);
-        form.Command4.Click();
-        EXPECT_EQ(Rows(form.Table.SyncAllList),
-                  incomplete ? (Texts{"31 a", "11 b", "32 c"}) : (Texts{"11 a", "11 b", "12 c"}));
-        EXPECT_EQ(files.StatusOf("2/a").Size, incomplete ? 9 : 1);
-    }
+// It would destroy what nobody has been shown.
+TEST_F(SyncCommandsTest, ATargetThatIsNotAsComparedIsNotReplaced) {
+    Put("1/vanished");
+    Put("2/vanished", kNew);
+    CompareAllKinds(*this);
+    Put("2/n1", kNew, 9);      // came up, or was overlooked
+    Put("2/newer1", kOld, 8);  // other size
+    Put("1/newer2", {kOld.Seconds, 1}, 10);
+    files.Remove("1/vanished");
+    form.Command4.Click();
+    EXPECT_EQ(Rows(form.Table.SyncAllList),
+              (Texts{"31 n1", "11 s/n2", "12 t/m1", "22 vanished", "31 newer1", "32 newer2"}));
+    EXPECT_EQ(files.StatusOf("2/n1").Size, 9);
+    EXPECT_EQ(files.StatusOf("2/newer1").Size, 8);
+    EXPECT_EQ(files.StatusOf("1/newer2").Time, (platform::FileTime{kOld.Seconds, 1}));
 }
 
 TEST_F(SyncCommandsTest, LeftoversOfKilledCopiesAreRemoved) {

@@ -25,8 +25,11 @@ struct Workers {
     Workers() {
         for (const std::string& name : kCodes) {
             for (const std::string folder : {"1/", "2/"}) files.AddFile(folder + name, {1, 0}, 1);
-            table.SameList.push_back(
-                fakes::Item(roots, name.c_str(), static_cast<std::int16_t>(std::stoi(name))));
+            compare::CompareItem row =
+                fakes::Item(roots, name.c_str(), static_cast<std::int16_t>(std::stoi(name)));
+            row.Time1 = row.Time2 = {1, 0};
+            row.Bytes1 = row.Bytes2 = 1;
+            table.SameList.push_back(row);
         }
         table.NewList = table.ChgList = table.NewChgList = table.SameList;
     }

@@ -118,8 +118,8 @@ bool SameContentTime(const struct stat& before, const struct stat& after) {
 
 enum class TargetState { Missing, Replaceable, Refused };
 
-TargetState StateOfTarget(int folder, const char* name, const struct stat& source) {
-    struct stat info;
+TargetState StateOfTarget(int folder, const char* name, const struct stat& source,
+                          struct stat& info) {
     if (::fstatat(folder, name, &info, AT_SYMLINK_NOFOLLOW) != 0)
         return errno == ENOENT ? TargetState::Missing : TargetState::Refused;
     if (!S_ISREG(info.st_mode)) {
@@ -132,6 +132,13 @@ TargetState StateOfTarget(int folder, const char* name, const struct stat& sourc
     }
     return ::faccessat(folder, name, W_OK, AT_EACCESS) == 0 ? TargetState::Replaceable
                                                             : TargetState::Refused;
+}
+
+bool IsUnchanged(int folder, const char* name, const struct stat& before) {
+    struct stat now;
+    if (::fstatat(folder, name, &now, AT_SYMLINK_NOFOLLOW) != 0) return false;
+    errno = EBUSY;
+    return now.st_ino == before.st_ino && SameContentTime(before, now);
 }
 
 Descriptor OpenFolder(int base, const std::string& path) {
@@ -201,14 +208,17 @@ Outcome CopyOver(const std::string& from, const std::string& to,
         target = std::make_unique<ReachedFile>(to);
     }
     if (!target->Ok()) return Failure("open folder of", to);
-    const TargetState state = StateOfTarget(target->Folder(), target->Name(), before);
+    struct stat old;
+    const TargetState state = StateOfTarget(target->Folder(), target->Name(), before, old);
     if (state == TargetState::Refused) return Failure("replace", to);
 
     TemporaryFile copy(target->Folder());
     if (!copy.IsOpen()) return Failure("create", to);
     if (!Fill(copy, source, before, whileCopying)) return Failure("copy", from);
-    if (!copy.PutInPlace(target->Name(), state == TargetState::Replaceable))
+    const bool replaces = state == TargetState::Replaceable;
+    if (replaces && !IsUnchanged(target->Folder(), target->Name(), old))
         return Failure("replace", to);
+    if (!copy.PutInPlace(target->Name(), replaces)) return Failure("replace", to);
     return {};
 }
 

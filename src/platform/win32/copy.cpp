@@ -130,6 +130,9 @@ Outcome CopyOver(const std::string& from, const std::string& to,
     const FileStatus after = StatusAt(source);
     if (after.Size != before.Size || after.Time != before.Time)
         return Failure("copy", from, ERROR_FILE_INVALID);  // changed meanwhile
+    const FileStatus now = EntryAt(target).Status;
+    if (old.Exists() && (now.Size != old.Status.Size || now.Time != old.Status.Time))
+        return Failure("replace", to, ERROR_FILE_INVALID);
     if (!copy.PutInPlace(target, old.Exists(), ordinary))
         return Failure("replace", to, ::GetLastError());
     return {};
