@@ -66,6 +66,28 @@ Ended CliTest::Cli(const Launch& launch) const {
     return run;
 }
 
+Ended CliTest::CliOnTerminal(const std::string& arguments, const std::string& typed) const {
+    Launch launch = Command(Words(arguments));
+    launch.Input = launch.Output = launch.Error = Sink::Terminal;
+    launch.Typed = typed;
+    return Cli(launch);
+}
+
+void CliTest::Expect(const std::string& arguments, int status, const std::string& output,
+                     const std::string& error) const {
+    const Ended run = Cli(arguments);
+    EXPECT_EQ(run.Status, status) << arguments;
+    EXPECT_EQ(run.Output, output) << arguments;
+    EXPECT_EQ(run.Error, error) << arguments;
+}
+
+void CliTest::ExpectRefusal(const std::string& arguments, int status) const {
+    const Ended run = Cli(arguments);
+    EXPECT_EQ(run.Status, status) << arguments;
+    EXPECT_EQ(run.Output, "") << arguments;
+    EXPECT_EQ(Lines(run.Error).size(), 1u) << arguments << run.Error;
+}
+
 std::string CliTest::Slot(int slot) const {
     return Content(SlotFile(slot));
 }

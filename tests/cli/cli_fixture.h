@@ -46,6 +46,13 @@ class CliTest : public testing::Test {
     // Runs the program; arguments are separated by blanks.
     Ended Cli(const std::string& arguments) const { return Cli(Command(Words(arguments))); }
     Ended Cli(const Launch& launch) const;
+    Ended CliOnTerminal(const std::string& arguments, const std::string& typed = "") const;
+
+    // Runs the program, which says this.
+    void Expect(const std::string& arguments, int status, const std::string& output,
+                const std::string& error) const;
+    // Runs the program, which says nothing but why it does not do this.
+    void ExpectRefusal(const std::string& arguments, int status) const;
 
     // The text kept in a slot of the history store, "(none)" where there is none.
     std::string Slot(int slot) const;

@@ -7,19 +7,12 @@
 namespace cli {
 namespace {
 
-class History : public CliTest {
-  protected:
-    std::string Pair(const std::string& rest) const {
-        return One() + "==========" + Two() + "==========" + rest;
-    }
-};
+using History = CliTest;
 
 TEST_F(History, EveryCommandRemembersItsPairAndFilter) {
     File("one/a", "");
-    const struct {
-        std::string Arguments, Value;
-    } cases[] = {
-        {"compare one two", "==========0"},
+    const std::string pair = One() + "==========" + Two() + "==========";
+    const std::pair<std::string, std::string> cases[] = {
         {"compare --only JPG,bmp one two", "/jpg/bmp==========-1"},
         {"sync --exclude tmp one two", "/tmp==========0"},
         {"export same --exclude=o one two report", "/o==========0"},
@@ -29,71 +22,56 @@ TEST_F(History, EveryCommandRemembersItsPairAndFilter) {
         std::filesystem::remove_all(Path("config"));
         Cli(arguments + " --no-history");
         EXPECT_FALSE(Exists("config")) << arguments;
-        SetSlot(0, Pair("/txt==========-1"));  // known already: the same slot
+        SetSlot(0, pair + "/txt==========-1");  // known already: the same slot
         Cli(arguments);
-        EXPECT_EQ(Slot(0), Pair(value)) << arguments;
+        EXPECT_EQ(Slot(0), pair + value) << arguments;
         EXPECT_EQ(Slot(1), "(none)") << arguments;
     }
 }
 
 TEST_F(History, IsListedUpToTheFirstEmptySlotWithNamesEscaped) {
-    EXPECT_EQ(Cli("history list").Output, "");
-    const std::string odd = "a\tb\nc\\d\re";
-    MakeFolder(odd);
-    ASSERT_EQ(Cli(Command({"compare", "--only=JPG,bmp", odd, "two"})).Status, 0);
-    ASSERT_EQ(Cli("compare one two").Status, 0);
+    Expect("history list", 0, "", "");
+    SetSlot(0, "/a\tb\nc\\d\re==========/b==========/jpg/bmp==========-1");
+    SetSlot(1, "/c==========/d");
     SetSlot(3, "/a==========/b====================0");
-    const Ended list = Cli("history list");
-    EXPECT_EQ(list.Output, "0\t" + Path("a\\tb\\nc\\\\d\\re") + "\t" + Two() + "\t/jpg/bmp\t-1\n" +
-                               "1\t" + One() + "\t" + Two() + "\t\t0\n");
-    EXPECT_EQ(list.Error, "");
-    EXPECT_EQ(list.Status, 0);
+    Expect("history list", 0, "0\t/a\\tb\\nc\\\\d\\re\t/b\t/jpg/bmp\t-1\n1\t/c\t/d\t\t0\n", "");
 }
 
 TEST_F(History, ClearAsksOnATerminalAndNeedsYesElsewhere) {
-    Launch asked = Command(Words("history clear"));
-    asked.Input = asked.Output = asked.Error = Sink::Terminal;
-    for (const std::string answer : {"n\n", "\n", "y\n"}) {
-        SetSlot(0, Pair("==========0"));
-        asked.Typed = answer;
-        const Ended run = Cli(asked);
+    for (const auto& [typed, status] : {std::pair{"n\n", 1}, {"\n", 1}, {"y\n", 0}}) {
+        SetSlot(0, "/a==========/b");
+        const Ended run = CliOnTerminal("history clear", typed);
         EXPECT_NE(run.Terminal.find("This operation will delete all prifiles, Continue?"),
                   std::string::npos)
             << run.Terminal;
-        EXPECT_EQ(run.Status, answer == "y\n" ? 0 : 1) << answer;
-        EXPECT_EQ(Slot(0) == "(none)", answer == "y\n") << answer;
+        EXPECT_EQ(run.Status, status) << typed;
+        EXPECT_EQ(Slot(0), status == 0 ? "(none)" : "/a==========/b") << typed;
     }
-    SetSlot(0, Pair("==========0"));
-    const Ended refused = Cli("history clear");
-    EXPECT_EQ(refused.Status, 1);
-    EXPECT_NE(refused.Error.find("--yes"), std::string::npos) << "nobody is asked";
-    EXPECT_EQ(Slot(0), Pair("==========0"));
-    const Ended run = Cli("history clear --yes");
-    EXPECT_EQ(run.Status, 0);
-    EXPECT_EQ(run.Output + run.Error, "");
-    EXPECT_EQ(Slot(0), "(none)");
-    EXPECT_EQ(Cli("history clear --yes").Status, 0) << "there is nothing to clear";
+    SetSlot(0, "/a==========/b");
+    ExpectRefusal("history clear", 1);
+    EXPECT_EQ(Slot(0), "/a==========/b");
+    for (int time = 0; time < 2; ++time) {
+        Expect("history clear --yes", 0, "", "");
+        EXPECT_EQ(Slot(0), "(none)");
+    }
 }
 
 TEST_F(History, IsKeptBelowHomeWhereNoConfigurationFolderIsNamed) {
-    const struct {
-        Texts Environment;
-        std::string Where;
-    } cases[] = {
+    const std::pair<Texts, std::string> cases[] = {
         {{"HOME=" + Path("home1")}, "home1/.config"},
         {{"HOME=" + Path("home2"), "XDG_CONFIG_HOME="}, "home2/.config"},
         {{"HOME=" + Path("home3"), "XDG_CONFIG_HOME=" + Path("own/deep")}, "own/deep"},
-    };
+        {{}, "one/.."}};  // who has no home remembers nothing
+    OpenToAll();
     Launch launch = Command(Words("compare one two"));
+    launch.AsNobody = true;  // who may write nowhere else
     for (const auto& [environment, where] : cases) {
         launch.Environment = environment;
         EXPECT_EQ(Cli(launch).Status, 0);
-        EXPECT_TRUE(Exists(where + "/varnel/SOFTWARE/SystemInfoFolderCS1993/P0/default")) << where;
+        EXPECT_EQ(Exists(where + "/varnel/SOFTWARE/SystemInfoFolderCS1993/P0/default"),
+                  !environment.empty())
+            << where;
     }
-    OpenToAll();
-    launch.Environment = {};
-    launch.AsNobody = true;  // who may write nowhere else
-    EXPECT_EQ(Cli(launch).Status, 0);
 }
 
 }  // namespace

@@ -7,36 +7,30 @@ namespace cli {
 
 std::map<std::string, std::string> ReadJsonObject(const std::string& line) {
     std::map<std::string, std::string> members;
-    std::string_view rest = line;
+    std::size_t at = 0;
+    const auto stands = [&](std::string_view text) {
+        return line.compare(at, text.size(), text) == 0;
+    };
     const auto take = [&](std::string_view text) {
-        const bool there = rest.starts_with(text);
-        if (there) rest.remove_prefix(text.size());
-        return there;
+        if (!stands(text)) throw std::runtime_error("no JSON object: " + line);
+        at += text.size();
     };
-    const auto expect = [&](std::string_view text) {
-        if (!take(text)) throw std::runtime_error("no JSON object: " + line);
+    const auto takeUpTo = [&](std::string_view ends) {
+        const std::size_t start = at;
+        while (at < line.size() && ends.find(line[at]) == ends.npos) at += stands("\\") ? 2 : 1;
+        return line.substr(start, at - start);
     };
-    const auto cut = [&](std::size_t length) {
-        const std::string text(rest.substr(0, length));
-        rest.remove_prefix(text.size());
-        return text;
-    };
-    const auto quoted = [&] {
-        expect("\"");
-        std::size_t end = 0;
-        while (end < rest.size() && rest[end] != '"') end += rest[end] == '\\' ? 2 : 1;
-        const std::string text = cut(end);
-        expect("\"");
-        return text;
-    };
-    expect("{");
     do {
-        const std::string key = quoted();
-        expect(": ");
-        members[key] = rest.starts_with('"') ? quoted() : cut(rest.find_first_of(",}"));
-    } while (take(", "));
-    expect("}");
-    if (!rest.empty()) throw std::runtime_error("more than a JSON object: " + line);
+        take(members.empty() ? "{\"" : ", \"");
+        std::string& value = members[takeUpTo("\"")];
+        take("\": ");
+        const std::string_view quote = stands("\"") ? "\"" : "";
+        take(quote);
+        value = takeUpTo(quote.empty() ? ",}" : quote);
+        take(quote);
+    } while (stands(","));
+    take("}");
+    if (at != line.size()) throw std::runtime_error("more than a JSON object: " + line);
     return members;
 }
 

@@ -6,8 +6,8 @@
 
 namespace cli {
 
-// The members of one flat object, texts with their escapes as they are written. Throws
-// std::runtime_error on anything that is not such an object.
+// The members of one flat object, texts with their escapes as they are written. Throws on anything
+// that is not such an object.
 std::map<std::string, std::string> ReadJsonObject(const std::string& line);
 
 }  // namespace cli

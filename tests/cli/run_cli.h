@@ -8,11 +8,13 @@
 
 #include <sys/types.h>
 
+#include "platform/posix/reached_path.h"
+
 namespace cli {
 
 // What a stream of the program is connected to.
 enum class Sink {
-    Pipe,      // captured
+    File,      // kept; as input it is empty
     Terminal,  // the run's terminal
     Closed,    // not open at all
     Full,      // a device without space
@@ -23,11 +25,11 @@ struct Launch {
     std::vector<std::string> Environment;  // NAME=value, all of it but the sanitizers' settings
     std::string WorkFolder;
     std::string Typed;  // what is typed on the terminal
-    Sink Input = Sink::Pipe;
-    Sink Output = Sink::Pipe;
-    Sink Error = Sink::Pipe;
-    bool AsNobody = false;         // gives up root's rights; without effect for other users
-    bool TerminalStopped = false;  // writing to the terminal blocks until ResumeTerminal
+    Sink Input = Sink::File;
+    Sink Output = Sink::File;
+    Sink Error = Sink::File;
+    bool AsNobody = false;        // gives up root's rights; without effect for other users
+    std::function<void()> First;  // what the new process does before it becomes the program
 };
 
 struct Ended {
@@ -39,40 +41,22 @@ struct Ended {
     std::string Terminal;  // every byte that went to the terminal
 };
 
-// A program that has been started and is ended, if need be by force, with this object.
+// A program that has been started and is to be waited for, once.
 class Running {
   public:
     explicit Running(const Launch& launch);
-    ~Running();
-    Running(const Running&) = delete;
-    Running& operator=(const Running&) = delete;
-
-    // Takes what the program writes until `reached` is true. False when it ended before that or
-    // the time limit passed.
-    bool WaitUntil(const std::function<bool()>& reached);
-
-    // True once the program asks to be told of interrupts.
-    bool CatchesInterrupts() const;
-
-    void Send(int signal) const;
-    void ResumeTerminal();
-
-    const Ended& SoFar() const { return ended_; }
     Ended Wait();
 
   private:
-    int OpenFor(int stream, Sink sink);
-    void TakeOutput();
-    void Reap(int options);
+    [[noreturn]] void Become(const Launch& launch, int program) const;  // in the new process
 
     pid_t pid_ = -1;
-    bool gone_ = false;
-    int ends_[3] = {-1, -1, -1};  // ours of the streams that are pipes
-    int terminal_ = -1;
-    int terminalFarEnd_ = -1;
-    Ended ended_;
+    platform::posix::Descriptor streams_[3];
+    platform::posix::Descriptor terminal_;
 };
 
-Ended RunToEnd(const Launch& launch);
+inline Ended RunToEnd(const Launch& launch) {
+    return Running(launch).Wait();
+}
 
 }  // namespace cli
