@@ -64,6 +64,22 @@ bool SteersTerminal(std::string_view character) {
            (code >= 0x2028 && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
 }
 
+// What stands after the backslash; NUL for a character that needs none.
+char TsvEscape(char c) {
+    switch (c) {
+        case '\t':
+            return 't';
+        case '\n':
+            return 'n';
+        case '\r':
+            return 'r';
+        case '\\':
+            return '\\';
+        default:
+            return '\0';
+    }
+}
+
 void AppendJsonEscape(unsigned code, std::string& text) {
     text += "\\u";
     AppendHex(static_cast<unsigned char>(code >> 8), text);
@@ -106,24 +122,16 @@ bool CliOutput::Flush() {
 }
 
 void AppendTsvField(std::string_view field, std::string& text) {
-    for (const char c : field) {
-        switch (c) {
-            case '\t':
-                text += "\\t";
-                break;
-            case '\n':
-                text += "\\n";
-                break;
-            case '\r':
-                text += "\\r";
-                break;
-            case '\\':
-                text += "\\\\";
-                break;
-            default:
-                text += c;
-        }
+    std::size_t plain = 0;  // where what needs no escape begins
+    for (std::size_t at = 0; at < field.size(); ++at) {
+        const char letter = TsvEscape(field[at]);
+        if (letter == '\0') continue;
+        text.append(field, plain, at - plain);
+        text += '\\';
+        text += letter;
+        plain = at + 1;
     }
+    text.append(field, plain, field.size() - plain);
 }
 
 void AppendJsonText(std::string_view value, std::string& text) {
