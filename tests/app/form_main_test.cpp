@@ -18,13 +18,7 @@ using fakes::Texts;
 const std::string kSlash(1, platform::Separator);
 const std::string kSlot0 = "SOFTWARE\\SystemInfoFolderCS1993\\P0";
 
-class FormMainTest : public fakes::MainWindowTest {
-  protected:
-    void PutManyAndCompare() {
-        for (int i = 0; i < 60; ++i) Put("1/n" + std::to_string(i));
-        form.Command3.Click();
-    }
-};
+class FormMainTest : public fakes::MainWindowTest {};
 
 TEST_F(FormMainTest, TheCommandLineGoesBeforeTheHistory) {
     const Texts kept{"/h1", "/h2"};
@@ -67,20 +61,10 @@ TEST_F(FormMainTest, TheCompanionsJobsOfBothFoldersFollowTheHistory) {
     EXPECT_EQ(form.Combo1.Text(), "") << "offered, not picked";
 }
 
-TEST_F(FormMainTest, WhatIsShownAtTheStart) {
-    EXPECT_EQ(form.Window.Caption, " Varnel ,  Version 8.12");
-    EXPECT_EQ(form.Window.Bounds, (platform::Place{6'720, 2'583, 15'360, 10'000}))
-        << "slightly above the middle of the screen";
-    EXPECT_EQ(form.LabelTip1.Caption(),
-              "How to start ?\r\nClick 'Browse' button to select the folder 1 and folder 2, then "
-              "click 'Compare' button.");
-    EXPECT_EQ(form.LabelFileFilter.Caption(), "File Filter:  Sync all type of files.");
-    for (const char* hidden : {"Command8", "Command9", "Command10", "CmdOpenFolder1",
-                               "CmdOpenFolder2", "lblComparing", "Picture3"})
-        EXPECT_FALSE(form.Window.Find(hidden)->Visible()) << hidden;
-    EXPECT_EQ(form.Command8.Place().Top, 7100);
-    EXPECT_EQ(form.CurrentViewCode(), "");
+TEST_F(FormMainTest, StandsSlightlyAboveTheMiddleOfTheScreenAndItsControlsFit) {
+    EXPECT_EQ(form.Window.Bounds, (platform::Place{6'720, 2'583, 15'360, 10'000}));
     EXPECT_EQ(fakes::LayoutFaults(form.Window), Texts());
+    EXPECT_EQ(form.Window.Caption, " Varnel ,  Version 8.12");
 }
 
 TEST_F(FormMainTest, BrowsingPutsTheFolderIntoItsBox) {
@@ -128,7 +112,8 @@ TEST_F(FormMainTest, OpenButtonsAppearUnderThePointerAndOpenWhatTheBoxSays) {
 }
 
 TEST_F(FormMainTest, ThePointerOnPlainGroundEndsTipsAndHovering) {
-    PutManyAndCompare();
+    for (const char* name : {"1/a", "1/b", "1/c"}) Put(name);
+    form.Command3.Click();
     for (platform::Control* ground :
          std::initializer_list<platform::Control*>{&form.LabelTip1, &form.Picture1}) {
         form.Command4.PointerMove({});
@@ -141,20 +126,10 @@ TEST_F(FormMainTest, ThePointerOnPlainGroundEndsTipsAndHovering) {
     EXPECT_EQ(form.sFile1[2].BackColor(), 0xFFFFC0u);
 }
 
-TEST_F(FormMainTest, ScrollingByKeyWheelAndBar) {
-    PutManyAndCompare();
-    form.Window.OnScrollKey(platform::ScrollKey::PageDown);
-    form.Window.OnWheel(3);
-    EXPECT_EQ(form.VScroll1.Value(), 28);
-    form.VScroll1.Scroll(2);
-    EXPECT_EQ(form.sTYPE[24].Caption(), "27.");
-    form.CheckShowPath1.Click();
-    EXPECT_EQ(form.sFile1[0].Caption(), FakeFiles::Path("1/n2"));
-}
-
 // The panel knows its row by the row's number in the list that was shown.
 TEST_F(FormMainTest, TheDirectionPanelGoesWhenAnotherViewComes) {
-    PutManyAndCompare();
+    for (int i = 0; i < 60; ++i) Put("1/n" + std::to_string(i));
+    form.Command3.Click();
     const std::function<void()> changes[] = {
         [this] { form.LabelAllFile.Click(); }, [this] { form.LabelNewFile.Click(); },
         [this] { form.VScroll1.Scroll(3); },   [this] { form.CheckShowPath1.Click(); },
@@ -169,19 +144,40 @@ TEST_F(FormMainTest, TheDirectionPanelGoesWhenAnotherViewComes) {
     }
 }
 
-TEST_F(FormMainTest, TheFilterLineOpensTheDialogAndKeepsThePair) {
-    host.OnModal = [this](platform::Form& dialog) {
-        EXPECT_EQ(&dialog, &form.FilterDialog.FormFilter);
-        form.FilterDialog.OptionOnly.Click();
-        form.FilterDialog.TextAddto.Type("Txt,doc");
-        form.FilterDialog.Command1.Click();
-        form.FilterDialog.CommandOK.Click();
+TEST_F(FormMainTest, MenuCommandsAreThoseOfTheButtonsAndLabels) {
+    const struct {
+        const char* Menu;
+        const char* View;
+        Texts Copies;
+    } cases[] = {
+        {"mnuDoubleSync", "SyncAll", {"1/n > 2/n", "2/m > 1/m"}},
+        {"mnuLeftSync", "SyncAll", {"1/n > 2/n"}},
+        {"mnuRightSync", "SyncAll", {"2/m > 1/m"}},
+        {"mnuNewFile", "New", {}},
+        {"mnuChangedFile", "Chg", {}},
+        {"mnuAllFile", "Same", {}},
     };
-    form.Combo1.Edit("  /a ");
-    form.LabelFileFilter.Click();
-    EXPECT_EQ(form.LabelFileFilter.Caption(), "Only sync files with extensions:  .txt .doc");
-    EXPECT_EQ(registry.Values.at(kSlot0),
-              "/a==========" + FakeFiles::Path("2") + "==========/txt/doc==========-1");
+    for (const auto& c : cases) {
+        for (const char* name : {"1/n", "2/m"}) Put(name);
+        for (const char* name : {"1/m", "2/n"}) files.Remove(name);
+        files.Copies.clear();
+        ClickMenu("mnuCompare");
+        EXPECT_EQ(form.CurrentViewCode(), "NewChg");
+        ClickMenu(c.Menu);
+        EXPECT_EQ(form.CurrentViewCode(), c.View);
+        EXPECT_EQ(files.Copies, c.Copies) << c.Menu;
+    }
+}
+
+TEST_F(FormMainTest, TheMenuClearsTheHistoryHelpsAndSaysWhatThisIs) {
+    form.Command3.Click();
+    ClickMenu("mnuClearProfile");
+    EXPECT_TRUE(form.Combo1.Entries().empty());
+    ClickMenu("mnuContents");
+    EXPECT_EQ(dialogs.Messages.back().Title, "Help Document");
+    ClickMenu("mnuAbout");
+    EXPECT_TRUE(dialogs.Messages.back().Text.starts_with("Varnel ,  Version 8.12\r\n"));
+    EXPECT_EQ(dialogs.Messages.back().Icon, platform::MessageIcon::Information);
 }
 
 TEST_F(FormMainTest, ClosingUnloadsWhatIsOpenAndRemembersNothing) {

@@ -5,13 +5,12 @@
 
 #include <gtest/gtest.h>
 
-#include "fakes/memory_registry.h"
-#include "platform/headless/headless_host.h"
+#include "fakes/main_window.h"
 
 namespace app {
 namespace {
 
-using Texts = std::vector<std::string>;
+using fakes::Texts;
 
 // A slot's value from "folder 1|folder 2|extensions|flag".
 std::string Slot(const std::string& texts) {
@@ -24,7 +23,7 @@ std::string SlotKey(int slot) {
     return "SOFTWARE\\SystemInfoFolderCS1993\\P" + std::to_string(slot);
 }
 
-class ProfilesTest : public testing::Test {
+class ProfilesTest : public fakes::MainWindowTest {
   protected:
     // The slots from 0 on, and the boxes that show them.
     void Load(const Texts& values) {
@@ -53,21 +52,12 @@ class ProfilesTest : public testing::Test {
     }
     // What a pick brings: folders, filter.
     std::string Picked(int index) {
-        combo1.Pick(index);
-        profiles.PickProfile();
-        return combo1.Text() + '|' + combo2.Text() + '|' + filter.FilterExtensions + '|' +
-               FilterFlagText(filter.FilterOnlyMode);
+        form.Combo1.Pick(index);
+        return form.Combo1.Text() + '|' + form.Combo2.Text() + '|' + form.Filter.FilterExtensions +
+               '|' + FilterFlagText(form.Filter.FilterOnlyMode);
     }
 
-    fakes::MemoryRegistry registry;
-    platform::ComboBox combo1;
-    platform::ComboBox combo2;
-    platform::headless::Dialogs dialogs;
-    platform::headless::Host host;
-    rules::FileFilter filter;
-    int described = 0;
-    Profiles profiles{
-        {registry, combo1, combo2, dialogs, host, filter, [this] { ++described; }, "Varnel"}};
+    Profiles& profiles = form.History();
 };
 
 TEST_F(ProfilesTest, LoadingShowsThePairsUpToTheFirstEmptySlot) {
@@ -82,26 +72,27 @@ TEST_F(ProfilesTest, LoadingShowsThePairsUpToTheFirstEmptySlot) {
     };
     for (const auto& c : cases) {
         Load(c.Values);
-        EXPECT_EQ(combo1.Entries(), c.Folders1);
-        EXPECT_EQ(combo2.Entries(), c.Folders2);
-        EXPECT_EQ(combo1.ListIndex(), -1);
+        EXPECT_EQ(form.Combo1.Entries(), c.Folders1);
+        EXPECT_EQ(form.Combo2.Entries(), c.Folders2);
+        EXPECT_EQ(form.Combo1.ListIndex(), -1);
     }
 }
 
 TEST_F(ProfilesTest, PickingRestoresThePairAndItsFilter) {
+    Load({});
     profiles.PickFirstProfile();
-    EXPECT_EQ(described, 0) << "there is none";
+    EXPECT_EQ(form.Combo1.Text(), "") << "there is none";
     Load({"/a|/b", "/c|/d|/txt/doc|-1", "/e|/f|/jpg|0"});
     EXPECT_EQ(Picked(1), "/c|/d|/txt/doc|-1");
     EXPECT_EQ(Picked(2), "/e|/f|/jpg|0");
     profiles.PickFirstProfile();
-    EXPECT_EQ(combo2.Text() + filter.FilterExtensions, "/b");
-    EXPECT_EQ(described, 3);
+    EXPECT_EQ(form.Combo2.Text() + form.Filter.FilterExtensions, "/b");
+    EXPECT_EQ(form.LabelFileFilter.Caption(), "Sync all type of file.");
 
-    filter = {"/txt", true};
+    form.Filter = {"/txt", true};
     for (int i = 3; i <= 1000; ++i) {
-        combo1.AddEntry("job");
-        combo2.AddEntry("backup");
+        form.Combo1.AddEntry("job");
+        form.Combo2.AddEntry("backup");
     }
     EXPECT_EQ(Picked(1000), "job|backup||0") << "beyond the slots";
 }
@@ -112,8 +103,8 @@ TEST_F(ProfilesTest, APairIsRememberedOnceInSlotAndBox) {
     EXPECT_EQ(Value(1), Slot("/c|/d")) << "without a filter";
     Remember("/a", "/backup", "/txt", "-1");
     Remember("/a", "/backup", "/jpg/bmp", "0");
-    EXPECT_EQ(combo1.Entries(), (Texts{"/a", "/c"}));
-    EXPECT_EQ(combo2.Entries(), (Texts{"/backup", "/d"}));
+    EXPECT_EQ(form.Combo1.Entries(), (Texts{"/a", "/c"}));
+    EXPECT_EQ(form.Combo2.Entries(), (Texts{"/backup", "/d"}));
     EXPECT_EQ(Picked(0), "/a|/backup|/jpg/bmp|0");
     profiles.SaveProfile("/a", "/back", "", "0");
     EXPECT_EQ(Value(0), Slot("/a|/back||0")) << "a Folder 2 that goes on counts as the pair";
@@ -137,15 +128,15 @@ TEST_F(ProfilesTest, FoldersOfManyFormsComeBackAndOthersAreRefused) {
         {"", "/b"}, {"/a", ""}, {Slot("/a|x"), "/b"}, {"/a", Slot("/b|")}, {"/a", "=b"}};
     for (const auto& [folder1, folder2] : refused) Remember(folder1, folder2);
     EXPECT_TRUE(registry.Values.empty());
-    EXPECT_TRUE(combo1.Entries().empty());
+    EXPECT_TRUE(form.Combo1.Entries().empty());
 }
 
 TEST_F(ProfilesTest, AHundredPairsAreShownAndTheOthersKept) {
     LoadPairs(102);
-    EXPECT_EQ(combo1.Entries().size(), 100u);
-    EXPECT_EQ(combo2.Entries().back(), "b99");
+    EXPECT_EQ(form.Combo1.Entries().size(), 100u);
+    EXPECT_EQ(form.Combo2.Entries().back(), "b99");
     Remember("/new", "/pair");
-    EXPECT_EQ(combo1.Entries().back(), "/new");
+    EXPECT_EQ(form.Combo1.Entries().back(), "/new");
     for (const int slot : {100, 101})
         EXPECT_EQ(profiles.List().at(slot).Folder2, "b" + std::to_string(slot));
     EXPECT_EQ(Value(102), Slot("/new|/pair|/txt|-1"));
@@ -153,8 +144,8 @@ TEST_F(ProfilesTest, AHundredPairsAreShownAndTheOthersKept) {
 
 TEST_F(ProfilesTest, EntriesWithoutASlotLeaveNoGap) {
     Load({"/a|/b"});
-    combo1.AddEntry("/job");
-    combo2.AddEntry("/backup");
+    form.Combo1.AddEntry("/job");
+    form.Combo2.AddEntry("/backup");
     Remember("/new", "/pair");
     EXPECT_EQ(profiles.List().size(), 2u);
     EXPECT_EQ(registry.Values.size(), 4u);  // SOFTWARE, the parent key and two slots
@@ -165,12 +156,12 @@ TEST_F(ProfilesTest, ClearingAsksFirstAndKeepsSlotsFromAHundredOn) {
     const auto before = registry.Values;
     dialogs.YesNoAnswer = false;
     EXPECT_FALSE(profiles.ClearProfiles());
-    EXPECT_EQ(combo1.Entries().size(), 100u);
+    EXPECT_EQ(form.Combo1.Entries().size(), 100u);
     EXPECT_EQ(registry.Values, before);
 
     dialogs.YesNoAnswer = true;
     EXPECT_TRUE(profiles.ClearProfiles());
-    EXPECT_TRUE(combo1.Entries().empty() && combo2.Entries().empty());
+    EXPECT_TRUE(form.Combo1.Entries().empty() && form.Combo2.Entries().empty());
     EXPECT_EQ(Value(99), "no key");
     EXPECT_EQ(Value(101), Slot("a101|b101"));
     EXPECT_EQ(dialogs.Messages.back().Text, "This operation will delete all prifiles, Continue?");

@@ -44,6 +44,7 @@ void CompareAndOpenPanel(MainWindow& window) {
 const Command kCommands[] = {
     {"compare", [](MainWindow&) {}, Compare},
     {"compare again", Compare, Compare},
+    {"refused compare", [](MainWindow& window) { window.form.Combo2.Edit("none"); }, Compare},
     {"compare and sync", [](MainWindow& window) { window.form.CheckSync.Click(); }, Compare},
     {"double sync", CompareAndOpenPanel, [](MainWindow& window) { window.form.Command4.Click(); }},
     {"left sync", Compare, [](MainWindow& window) { window.form.Command5.Click(); }},
@@ -75,13 +76,12 @@ void AtEveryYield(std::span<const Command> commands, const std::function<void(Ma
     }
 }
 
-// A box's tick and an option's dot are no commands.
+// The tick of the next comparison's sync and an option's dot are no commands.
 bool IsCommand(const FormMain& form, const platform::Control* control) {
     const platform::Control* const stops[] = {&form.Command3, &form.Command8, &form.Command9,
                                               &form.Command10};
     return std::find(std::begin(stops), std::end(stops), control) == std::end(stops) &&
-           control->Kind() != platform::ControlKind::CheckBox &&
-           control->Kind() != platform::ControlKind::OptionButton;
+           control != &form.CheckSync && control->Kind() != platform::ControlKind::OptionButton;
 }
 
 TEST(RunningCommand, EverythingElseIsDropped) {
@@ -199,6 +199,7 @@ TEST(RunningCommand, AnExportIsOne) {
         EXPECT_FALSE(window.form.Window.OnCloseRequest());
     });
     window.ClickMenu("mnuExportNew");
+    EXPECT_EQ(window.TakeMessages(), Texts()) << "nobody is there to read that it is saved";
     EXPECT_TRUE(folder.Exists("report.txt"));
     EXPECT_TRUE(window.host.ShownForms.empty());
     EXPECT_EQ(window.form.Table.NewCount(), 1500);

@@ -2,51 +2,59 @@
 
 #include <functional>
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "fakes/layout_faults.h"
-#include "platform/headless/headless_host.h"
+#include "fakes/main_window.h"
 
 namespace rules {
 namespace {
 
-using Entries = std::vector<std::string>;
+using fakes::Texts;
 
-class FilterDialogTest : public testing::Test {
+class FilterDialogTest : public fakes::MainWindowTest {
   protected:
-    // Opens the dialog; `user` acts in it.
+    // Opens the dialog from the window's filter line; `user` acts in it.
     void Edit(const std::function<void()>& user) {
-        host.OnModal = [&](platform::Form&) { user(); };
-        dialog.Edit(owner);
+        host.OnModal = [&](platform::Form& opened) {
+            EXPECT_EQ(&opened, &dialog.FormFilter);
+            user();
+        };
+        form.LabelFileFilter.Click();
     }
-    void ExpectFilter(const std::string& extensions, bool onlyMode) {
-        EXPECT_EQ(filter.FilterExtensions, extensions);
-        EXPECT_EQ(filter.FilterOnlyMode, onlyMode);
-        EXPECT_FALSE(host.IsShown(dialog.FormFilter));
+    void Add(const std::string& typed) {
+        dialog.TextAddto.Paste(typed);
+        dialog.Command1.Click();
     }
-
-    FileFilter filter;
-    platform::headless::Host host;
-    platform::headless::Dialogs dialogs;
-    platform::Form owner{"FormMain"};
-    FilterDialog dialog{filter, host, dialogs, "Varnel"};
-};
-
-TEST_F(FilterDialogTest, OpensOverTheOwnerWithTheFiltersEntriesAndMode) {
-    EXPECT_EQ(fakes::LayoutFaults(dialog.FormFilter), Entries());
-    owner.Bounds = {1000, 2000, 15360, 10000};
-    filter = {"/jpg//bmp/jpg", true};
-    Edit([&] {
-        EXPECT_EQ(dialog.List1.Entries(), (Entries{"jpg", "bmp"}));
-        EXPECT_TRUE(dialog.OptionOnly.Value());
-        EXPECT_EQ(dialog.FormFilter.Bounds.Top, 3500);
+    void RemoveFirst() {
         dialog.List1.Select(0);
         dialog.Command2.Click();
+    }
+
+    // As the history keeps it, and as the window's line and its tooltip say it.
+    Texts Filter() const {
+        const std::string pair = "/a==========" + fakes::FakeFiles::Path("2") + "==========";
+        const std::string slot = registry.Values.at("SOFTWARE\\SystemInfoFolderCS1993\\P0");
+        return {slot.substr(pair.size()), form.LabelFileFilter.Caption(),
+                form.LabelFileFilter.ToolTip()};
+    }
+
+    FilterDialog& dialog = form.FilterDialog;
+};
+
+TEST_F(FilterDialogTest, OpensOverTheWindowWithTheFiltersEntriesAndMode) {
+    EXPECT_EQ(fakes::LayoutFaults(dialog.FormFilter), Texts());
+    form.Window.Bounds = {1000, 2000, 15360, 10000};
+    form.Filter = {"/jpg//bmp/jpg", true};
+    Edit([&] {
+        EXPECT_EQ(dialog.List1.Entries(), (Texts{"jpg", "bmp"}));
+        EXPECT_TRUE(dialog.OptionOnly.Value());
+        EXPECT_EQ(dialog.FormFilter.Bounds.Top, 3500);
+        RemoveFirst();
         dialog.OptionExc.Click();
         dialog.FormFilter.OnActivate();  // comes back to the window
-        EXPECT_EQ(dialog.List1.Entries(), Entries{"bmp"});
+        EXPECT_EQ(dialog.List1.Entries(), Texts{"bmp"});
         EXPECT_TRUE(dialog.OptionExc.Value());
         dialog.TextAddto.Type("aZ.-_ 9,\b;/m");
         EXPECT_EQ(dialog.TextAddto.Text(), "aZ9,m");
@@ -57,23 +65,17 @@ TEST_F(FilterDialogTest, OpensOverTheOwnerWithTheFiltersEntriesAndMode) {
 }
 
 TEST_F(FilterDialogTest, AddSplitsLowersAndLeavesOutWhatIsThere) {
-    const std::pair<std::string, Entries> cases[] = {
-        {" TXT, Doc ,,jpg", {"txt", " doc ", "jpg"}},
-        {"txt,txt,TXT", {"txt"}},
-        {"old,new", {"new"}},
-        {" , ,", {" "}},
-        {"", {}},
-        {std::string(10000, ',') + "last,beyond", {"last"}},  // 10,001 pieces are looked at
+    const std::pair<std::string, Texts> cases[] = {
+        {" TXT, Doc ,,jpg,txt", {"old", "txt", " doc ", "jpg"}},
+        {"old,new", {"old", "new"}},
+        {" , ,", {"old", " "}},
+        {std::string(10000, ',') + "last,beyond", {"old", "last"}},  // 10,001 pieces are looked at
     };
-    filter.FilterExtensions = "/old";
-    for (const auto& [text, added] : cases) {
-        Edit([&, &text = text, &added = added] {
-            dialog.TextAddto.Paste(text);
-            dialog.Command1.Click();
-            Entries entries = dialog.List1.Entries();
-            EXPECT_EQ(entries[0], "old");
-            entries.erase(entries.begin());
-            EXPECT_EQ(entries, added);
+    form.Filter.FilterExtensions = "/old";
+    for (const auto& [text, entries] : cases) {
+        Edit([&, &text = text, &entries = entries] {
+            Add(text);
+            EXPECT_EQ(dialog.List1.Entries(), entries);
             EXPECT_EQ(dialog.TextAddto.Text(), text);
         });
     }
@@ -82,11 +84,11 @@ TEST_F(FilterDialogTest, AddSplitsLowersAndLeavesOutWhatIsThere) {
 TEST_F(FilterDialogTest, RemoveSelectsTheEntryBefore) {
     const struct {
         int Selected;
-        Entries Left;
+        Texts Left;
         int SelectedAfter;
     } cases[] = {
         {-1, {"a", "b", "c"}, -1}, {0, {"b", "c"}, 0}, {1, {"a", "c"}, 0}, {2, {"a", "b"}, 1}};
-    filter.FilterExtensions = "/a/b/c";
+    form.Filter.FilterExtensions = "/a/b/c";
     for (const auto& c : cases) {
         Edit([&] {
             dialog.List1.Select(c.Selected);
@@ -97,64 +99,42 @@ TEST_F(FilterDialogTest, RemoveSelectsTheEntryBefore) {
     }
 }
 
-TEST_F(FilterDialogTest, OkStoresEntriesAndModeAndCancelForgetsThem) {
-    Edit([&] {
+TEST_F(FilterDialogTest, OkTakesEntriesAndModeAndCancelForgetsThem) {
+    form.Combo1.Edit("  /a ");
+    Edit([this] {
         dialog.OptionOnly.Click();
-        dialog.TextAddto.Type("JPG,bmp");
-        dialog.Command1.Click();
+        Add("JPG,bmp");
         dialog.CommandOK.Click();
     });
-    ExpectFilter("/jpg/bmp", true);
-    Edit([&] {
+    const std::string only = "Only sync files with extensions:  .jpg .bmp";
+    EXPECT_EQ(Filter(), (Texts{"/jpg/bmp==========-1", only, only}));
+    Edit([this] {
+        EXPECT_EQ(dialog.TextAddto.Text(), "");
         dialog.OptionExc.Click();
-        dialog.TextAddto.Type("txt");
-        dialog.Command1.Click();
+        Add("txt");
         dialog.Command3.Click();
     });
-    ExpectFilter("/jpg/bmp", true);
-    Edit([&] {
-        EXPECT_EQ(dialog.List1.Entries(), (Entries{"jpg", "bmp"}));
-        EXPECT_EQ(dialog.TextAddto.Text(), "");
-    });
-    EXPECT_TRUE(dialogs.Messages.empty());
-}
-
-TEST_F(FilterDialogTest, OkWithoutEntriesIsForExcludingOnly) {
-    filter = {"/old", true};
-    Edit([&] {
-        dialog.List1.Select(0);
-        dialog.Command2.Click();
-        dialog.CommandOK.Click();
-        EXPECT_TRUE(host.IsShown(dialog.FormFilter));
-        EXPECT_EQ(filter.FilterExtensions, "/old");
+    EXPECT_EQ(Filter(), (Texts{"/jpg/bmp==========-1", only, only}));
+    Edit([this] {
+        RemoveFirst();
         dialog.OptionExc.Click();
         dialog.CommandOK.Click();
     });
-    ExpectFilter("", false);
-    ASSERT_EQ(dialogs.Messages.size(), 1u);
-    EXPECT_EQ(dialogs.Messages[0].Text, "Please input the file extensions.   ");
-}
-
-TEST(DescribeFileFilter, NamesTheModeAndTheExtensions) {
-    const struct {
-        FileFilter Filter;
-        const char* Caption;
-        const char* ToolTip;
-    } cases[] = {
-        {{"/jpg/bmp", true},
-         "Only sync files with extensions:  .jpg .bmp",
-         "Only sync files with extensions:  .jpg .bmp"},
-        {{"/jpg/bmp", false},
-         "Sync all files excluding:  .jpg .bmp",
-         "Copy all files excluding:  .jpg .bmp"},
-        {{"", true}, "Sync all type of file.", "Sync all type of file."},
-    };
-    platform::Label label;
-    for (const auto& c : cases) {
-        DescribeFileFilter(c.Filter, label);
-        EXPECT_EQ(label.Caption(), c.Caption);
-        EXPECT_EQ(label.ToolTip(), c.ToolTip);
-    }
+    EXPECT_EQ(Filter(), (Texts{"/bmp==========0", "Sync all files excluding:  .bmp",
+                               "Copy all files excluding:  .bmp"}));
+    EXPECT_EQ(TakeMessages(), Texts());
+    Edit([this] {
+        RemoveFirst();
+        dialog.OptionOnly.Click();
+        dialog.CommandOK.Click();
+        EXPECT_EQ(TakeMessages(), Texts{"Please input the file extensions.   "});
+        EXPECT_TRUE(host.IsShown(dialog.FormFilter));
+        EXPECT_EQ(form.Filter.FilterExtensions, "/bmp");
+        dialog.OptionExc.Click();
+        dialog.CommandOK.Click();
+    });
+    EXPECT_FALSE(host.IsShown(dialog.FormFilter));
+    EXPECT_EQ(Filter(), (Texts{"==========0", "Sync all type of file.", "Sync all type of file."}));
 }
 
 }  // namespace
