@@ -161,31 +161,16 @@ TEST_F(ProfilesTest, ClearingAsksFirstAndKeepsSlotsFromAHundredOn) {
 
     dialogs.YesNoAnswer = true;
     EXPECT_TRUE(profiles.ClearProfiles());
+    EXPECT_EQ(dialogs.Messages.back().Text, "This operation will delete all prifiles, Continue?");
     EXPECT_TRUE(form.Combo1.Entries().empty() && form.Combo2.Entries().empty());
     EXPECT_EQ(Value(99), "no key");
     EXPECT_EQ(Value(101), Slot("a101|b101"));
-    EXPECT_EQ(dialogs.Messages.back().Text, "This operation will delete all prifiles, Continue?");
-}
 
-TEST_F(ProfilesTest, ClearingTakesTheKeyAndKeepsTheFiltersInMemory) {
     Load({"/a|/b|/txt|-1"});
     profiles.ClearProfiles();
     EXPECT_EQ(registry.Values.size(), 1u) << "SOFTWARE alone";
     profiles.AddPairToHistory("/c", "/d");
-    EXPECT_EQ(Picked(0), "/c|/d|/txt|-1");
-}
-
-TEST_F(ProfilesTest, AfterAFailedCallThePairIsRememberedTheNextTime) {
-    for (int call = 1; call <= 7; ++call) {
-        Load({});
-        registry.FailCall = call;
-        Remember("/new", "/pair");
-        registry.FailCall = 0;
-        Remember("/new", "/pair");
-        EXPECT_EQ(Value(0), Slot("/new|/pair|/txt|-1")) << call;
-        EXPECT_EQ(profiles.List().size(), 1u) << call;
-    }
-    EXPECT_TRUE(dialogs.Messages.empty()) << "a loss is silent";
+    EXPECT_EQ(Picked(0), "/c|/d|/txt|-1") << "the filters stay in memory";
 }
 
 TEST(FilterFlagOf, IsTheNumberAtTheStart) {

@@ -51,31 +51,11 @@ TEST_F(CompareCommandTest, ChecksTheTwoFoldersOneAfterTheOther) {
         EXPECT_EQ(form.Command3.Caption(), "Compare");
     }
     EXPECT_TRUE(registry.Values.empty());
-    EXPECT_TRUE(form.LabelAllFile.Visible());
 
     form.Combo2.Edit(one + kSlash);  // the same folder, by another name
     form.Command3.Click();
     EXPECT_EQ(Rows(form.Table.SameList), Texts{"0 a"});
     EXPECT_EQ(form.Table.NewChgCount(), 0);
-}
-
-TEST_F(CompareCommandTest, CountsOnTheLabelsAndShowsWhatIsToSync) {
-    for (const char* name : {"1/n1", "1/s/n2", "2/n3"}) Put(name);
-    for (const char* name : {"same", "same2"}) PutBoth(name);
-    Put("1/c", kNew);
-    Put("2/c", kOld);
-    form.Combo1.Edit("  " + FakeFiles::Path("1") + " ");
-    form.Command3.Click();
-    EXPECT_EQ(form.Combo1.Entries(), Texts{FakeFiles::Path("1")});
-    EXPECT_EQ(form.LabelFileFilter.Caption(), "Sync all type of file.");
-    EXPECT_EQ(Captions(), (Texts{"New Files ( 3 ) ", "Modified Files ( 1 ) ",
-                                 "New and Modified Files ( 4 ) ", "Same Files ( 2 ) "}));
-    EXPECT_EQ(form.CurrentViewCode(), "NewChg");
-    EXPECT_EQ(Column(form.sMAC), (Texts{"Copy -->", "Copy -->", "<-- Copy", "Replace -->"}));
-    EXPECT_EQ(form.Command3.Caption(), "Compare");
-    EXPECT_FALSE(form.lblComparing.Visible());
-    EXPECT_TRUE(form.LabelAllFile.Visible());
-    EXPECT_TRUE(dialogs.Messages.empty());
 }
 
 TEST_F(CompareCommandTest, TheFirstPageIsOfWhatIsToSyncElseOfTheSameFiles) {
@@ -120,15 +100,20 @@ TEST_F(CompareCommandTest, WhatIsShownMeanwhile) {
     EXPECT_EQ(countingYields, 1 + 2 * 101) << "101 for each folder counted";
 }
 
-TEST_F(CompareCommandTest, ASecondComparisonStartsFromNothing) {
-    for (const char* name : {"1/n", "2/m"}) Put(name);
+TEST_F(CompareCommandTest, CountsOnTheLabelsAndStartsFromNothingEachTime) {
+    for (const char* name : {"1/n", "1/s/n", "2/m"}) Put(name);
+    for (const char* name : {"c", "same"}) PutBoth(name);
+    Put("1/c", kNew);
     form.Command3.Click();
+    EXPECT_EQ(Captions(), (Texts{"New Files ( 3 ) ", "Modified Files ( 1 ) ",
+                                 "New and Modified Files ( 4 ) ", "Same Files ( 1 ) "}));
+    EXPECT_EQ(Column(form.sMAC), (Texts{"Copy -->", "Copy -->", "<-- Copy", "Replace -->"}));
+    EXPECT_EQ(form.LabelFileFilter.Caption(), "Sync all type of file.");
     form.Command5.Click();
-    EXPECT_EQ(form.LabelAllFile.Caption(), "Sync Total ( 1 ) ");
     files.Remove("2/m");
     form.Command3.Click();
     EXPECT_EQ(Captions(), (Texts{"New Files ( 0 ) ", "Modified Files ( 0 ) ",
-                                 "New and Modified Files ( 0 ) ", "Same Files ( 1 ) "}));
+                                 "New and Modified Files ( 0 ) ", "Same Files ( 4 ) "}));
     const CompareTable& table = form.Table;
     for (const ItemList* list : {&table.NewList, &table.ChgList, &table.SyncAllList,
                                  &table.FailList, &table.SyncLrList, &table.SyncRlList})

@@ -74,22 +74,6 @@ TEST_F(GridPageTest, ScrollStepsAreRowsThenPagesThenSeveralPages) {
     }
 }
 
-TEST_F(GridPageTest, EveryRowIsReachedPageByPage) {
-    for (const int rows : {26, 10'001, 819'176}) {
-        SCOPED_TRACE(rows);
-        ShowRows(rows);
-        int seen = kPageRows;
-        while (seen < rows) {
-            Press(ScrollKey::PageDown);
-            ASSERT_LE(form.FirstRow(), seen);
-            ASSERT_GT(form.FirstRow() + kPageRows, seen);
-            seen = form.FirstRow() + kPageRows;
-            ASSERT_LE(form.VScroll1.Value(), form.VScroll1.Maximum());
-        }
-        EXPECT_EQ(seen, rows);
-    }
-}
-
 TEST_F(GridPageTest, KeysAndWheelKeepThePageWithinTheList) {
     ShowRows(60);
     form.sFile1[0].Click();
@@ -104,10 +88,10 @@ TEST_F(GridPageTest, KeysAndWheelKeepThePageWithinTheList) {
         EXPECT_EQ(form.FirstRow(), firstRow);
         EXPECT_EQ(form.VScroll1.Value(), firstRow);
     }
-    for (const auto& [rows, firstRow] : {std::pair{3, 3}, {-9, 0}}) {
-        form.Window.OnWheel(rows);
-        EXPECT_EQ(form.FirstRow(), firstRow);
-    }
+    form.Window.OnWheel(3);
+    EXPECT_EQ(form.FirstRow(), 3);
+    form.Window.OnWheel(-9);
+    EXPECT_EQ(form.FirstRow(), 0);
     ShowRows(7);
     Press(ScrollKey::End);
     EXPECT_EQ(form.FirstRow(), 0);
@@ -177,18 +161,15 @@ TEST_F(GridPageTest, ThePathLineShowsWhereTheRowsFileIs) {
     form.Table.NewList[5] = Row("only2", false, true);
     form.Table.NewList[6] = Row("only1", true, false);
     form.Table.NewList[7] = Row("gone", false, false);
-    for (const auto& [row, path] : {std::pair<std::size_t, std::string>{4, kOne + "a"},
-                                    {5, kTwo + "only2"},
-                                    {7, kOne + "gone"}}) {
+    form.VScroll1.Scroll(4);
+    const std::string paths[] = {kOne + "a", kTwo + "only2", kOne + "only1", kOne + "gone"};
+    for (const std::size_t row : {3u, 1u, 2u}) {
         Point(row);
-        EXPECT_EQ(form.TextFileName.Text(), path);
+        EXPECT_EQ(form.TextFileName.Text(), paths[row]);
     }
-    form.VScroll1.Scroll(5);
-    Point(1);
-    EXPECT_EQ(form.TextFileName.Text(), kOne + "only1");
     form.Table.NewList.resize(10);
-    Point(5);  // below the end of the list
-    EXPECT_EQ(form.TextFileName.Text(), kOne + "only1");
+    Point(6);
+    EXPECT_EQ(form.TextFileName.Text(), kOne + "only1") << "below the end of the list";
 }
 
 TEST_F(GridPageTest, ClickingSelectsAndClickingAgainTurnsTheRowToHovered) {

@@ -132,27 +132,17 @@ TEST_F(RowDirectionTest, ShowsTheFilesAndWhatCanBeDone) {
     }
 }
 
+// "100" sorts before "99", and the texts of times within one second are equal.
 TEST_F(RowDirectionTest, MarksAreComparedAsTexts) {
-    const struct {
-        FileTime Time1, Time2;
-        std::int64_t Size1, Size2;
-        const char* Marks;
-    } cases[] = {
-        {kNew, kOld, 10, 9, "Newer|Older|Smaller|Larger"},
-        {kOld, {kOld.Seconds, 1}, 100, 99, "Older|Newer|Smaller|Larger"},
-    };
-    for (const auto& c : cases) {
-        form.Table.ChgList[1] = Pair("c1", c.Time1, c.Size1, c.Time2, c.Size2, 22);
-        Open(changed, 1);
-        EXPECT_EQ(Marks(), c.Marks);
-    }
+    form.Table.ChgList[1] = Pair("c1", {kOld.Seconds, 1}, 100, kOld, 99, 22);
+    Open(changed, 1);
+    EXPECT_EQ(Marks(), "Older|Newer|Smaller|Larger");
     // A row not to be synchronised keeps the age marks of the panel's last opening.
     form.Table.NewChgList[3].Code = 40;
     for (const auto& [row, marks] : {std::pair{2u, "Newer|Older||"}, {0u, "New|||"}}) {
         Open(newChanged, row);
         Open(newChanged, 3);
         EXPECT_EQ(Marks(), marks);
-        EXPECT_EQ(form.TextN1.Text(), "/one/c1");
     }
 }
 

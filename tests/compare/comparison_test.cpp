@@ -1,4 +1,4 @@
-#include "compare/pair_classification.h"
+// What the two walks find and what the classifier makes of it.
 
 #include <optional>
 #include <string>
@@ -11,6 +11,7 @@
 namespace compare {
 namespace {
 
+using fakes::FakeFiles;
 using fakes::kOld;
 using fakes::MainWindow;
 using fakes::Rows;
@@ -38,7 +39,7 @@ Texts FullRows(const CompareTable& table) {
     return rows;
 }
 
-TEST(PairClassification, TimesAloneDecide) {
+TEST(Comparison, TimesAloneDecide) {
     const struct {
         const char* Name;
         File File1, File2;
@@ -69,7 +70,7 @@ TEST(PairClassification, TimesAloneDecide) {
         }
 }
 
-class PairClassificationTest : public fakes::MainWindowTest {
+class ComparisonTest : public fakes::MainWindowTest {
   protected:
     const CompareTable& Compared() {
         form.Command3.Click();
@@ -77,7 +78,7 @@ class PairClassificationTest : public fakes::MainWindowTest {
     }
 };
 
-TEST_F(PairClassificationTest, AFileThatVanishesAfterTheListing) {
+TEST_F(ComparisonTest, AFileThatVanishesAfterTheListing) {
     PutBoth("both");
     for (const char* name : {"1/only", "2/only2"}) Put(name);
     host.OnYield = [this](long long) {
@@ -90,7 +91,7 @@ TEST_F(PairClassificationTest, AFileThatVanishesAfterTheListing) {
 }
 
 // A file of Folder 1 without a time makes a row in each walk.
-TEST_F(PairClassificationTest, AFileOfFolder1WithTheZeroDateIsMissingInTheSecondWalk) {
+TEST_F(ComparisonTest, AFileOfFolder1WithTheZeroDateIsMissingInTheSecondWalk) {
     for (const char* name : {"vanishes", "zero", "both zero"}) PutBoth(name);
     for (const char* name : {"1/zero", "1/both zero", "2/both zero"}) Put(name, {}, 5);
     host.OnYield = [this](long long) {
@@ -105,18 +106,66 @@ TEST_F(PairClassificationTest, AFileOfFolder1WithTheZeroDateIsMissingInTheSecond
     }
 }
 
-TEST_F(PairClassificationTest, TheFilterDropsFoundFilesAndLeavesTheCountdownAboveZero) {
+TEST_F(ComparisonTest, FilesComeBeforeSubfoldersLevelByLevelSide1First) {
+    for (const char* name : {"1/z/deep/f", "1/z/c", "1/b", "1/y/d", "1/a", "2/z/deep/f",
+                             "2/z/deep/g", "2/z/.varnel~01234abc", "2/y/e", "2/only/x/h", "2/b"})
+        Put(name);
+    files.AddFolder("1/empty");
+    form.Command3.Click();
+    EXPECT_EQ(Rows(form.Table.SameList), (Texts{"0 b", "0 z/deep/f"}));
+    EXPECT_EQ(Rows(form.Table.NewList),
+              (Texts{"11 a", "11 z/c", "11 y/d", "12 y/e", "12 z/deep/g", "12 only/x/h"}));
+    EXPECT_EQ(form.Table.Fcount, 0);
+    EXPECT_EQ(form.Comparison().Troubles().Leftovers,
+              Texts{FakeFiles::Path("2/z/.varnel~01234abc")});
+}
+
+TEST_F(ComparisonTest, NamesAreMatchedWhateverTheOrderOfTheListings) {
+    constexpr int kMany = 33'000;  // more folders than a 16-bit counter holds
+    for (int i = 0; i < kMany; ++i) {
+        Put("1/f" + std::to_string(i));
+        Put("2/f" + std::to_string(i * 7 % kMany));
+        Put("1/d" + std::to_string(i) + "/x");
+        Put("2/d" + std::to_string(kMany - 1 - i) + "/x");
+    }
+    form.Command3.Click();
+    EXPECT_EQ(form.Table.SameCount(), 2 * kMany);
+    EXPECT_EQ(form.Table.NewChgCount(), 0);
+    EXPECT_EQ(form.Table.Fcount, 0);
+}
+
+TEST_F(ComparisonTest, EachFolderIsListedAndEachFileLookedAtOnceAtMost) {
+    for (const char* name : {"both", "s/both", "s/t/both"}) PutBoth(name);
+    for (const char* name : {"1/only1", "1/s/only1", "2/only2", "2/new/only2"}) Put(name);
+    form.Command3.Click();
+    EXPECT_EQ(files.Looks.size(), 10u);
+    EXPECT_EQ(files.Listings.size(), 7u);
+    for (const auto* counts : {&files.Looks, &files.Listings})
+        for (const auto& [name, times] : *counts) EXPECT_EQ(times, 1) << name;
+
+    files.Looks.clear();
+    files.ListsStatuses = true;
+    form.Command3.Click();
+    EXPECT_TRUE(files.Looks.empty());
+}
+
+// A dropped file leaves the countdown above zero. The search for the extension goes beyond the name
+// where the name is short, in the found file's path alone.
+TEST_F(ComparisonTest, TheFilterDropsFoundFilesByTheirPaths) {
+    const std::string folder(1, platform::Separator);
     const struct {
         rules::FileFilter Filter;
         Texts Rows;
         const char* Countdown;
     } cases[] = {
-        {{"", true}, {"0 both.txt", "11 a.txt", "11 README", "12 b.txt", "12 b.c"}, "0"},
-        {{"/txt", true}, {"0 both.txt", "11 a.txt", "12 b.txt"}, "2"},
-        {{"/txt", false}, {"11 README", "12 b.c"}, "4"},
+        {{"", true}, {"0 ab", "11 a.txt", "11 README", "12 b.txt", "12 cd"}, "0"},
+        {{"/txt", true}, {"11 a.txt", "12 b.txt"}, "4"},
+        {{"/txt", false}, {"0 ab", "11 README", "12 cd"}, "2"},
+        {{"/txt" + folder + "ab/txt" + folder + "cd", false}, {"0 ab", "11 README"}, "4"},
     };
-    for (const char* name : {"1/a.txt", "1/README", "2/b.txt", "2/b.c"}) Put(name);
-    PutBoth("both.txt");
+    for (const char* name : {"1/a.txt", "1/README", "1/ab", "2.txt/ab", "2.txt/b.txt", "2.txt/cd"})
+        Put(name);
+    form.Combo2.Edit(FakeFiles::Path("2.txt"));
     for (const auto& c : cases) {
         form.Filter = c.Filter;
         Texts rows = Rows(Compared().SameList);
@@ -124,16 +173,6 @@ TEST_F(PairClassificationTest, TheFilterDropsFoundFilesAndLeavesTheCountdownAbov
         EXPECT_EQ(rows, c.Rows);
         EXPECT_EQ(form.lblComparing.Caption(), c.Countdown);
     }
-}
-
-// The search for the extension goes beyond the name where the name is short.
-TEST_F(PairClassificationTest, TheCounterpartsPathDoesNotMatterToTheFilter) {
-    for (const char* name : {"1/ab", "2.txt/ab", "2.txt/cd"}) Put(name);
-    form.Combo2.Edit(fakes::FakeFiles::Path("2.txt"));
-    form.Filter = {platform::Separator == '/' ? "/txt/ab/txt/cd" : "/txt\\ab/txt\\cd", false};
-    EXPECT_EQ(Rows(Compared().SameList), Texts{"0 ab"});
-    EXPECT_TRUE(form.Table.NewList.empty());
-    EXPECT_EQ(form.lblComparing.Caption(), "2");
 }
 
 }  // namespace
