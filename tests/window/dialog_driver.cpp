@@ -1,30 +1,27 @@
 #include "window/dialog_driver.h"
 
 #include <algorithm>
-#include <ostream>
 #include <stdexcept>
 
 #include <commctrl.h>
 
 #include "platform/win32/text_conversion.h"
 #include "window/input.h"
-#include "window/screen_picture.h"
 
 namespace window {
 
 namespace {
 
+constexpr char kDialog[] = "#32770";
 constexpr int kMessageText = 0xFFFF;
 constexpr int kFileName = 0x47C;
 constexpr int kFolderTree = 14145;
 constexpr int kFolderName = 14149;
 
 HWND FindMessage(const Program& program) {
-    const std::vector<HWND> windows = TopWindows(program.Id());
-    const auto found = std::find_if(windows.begin(), windows.end(), [](HWND window) {
-        return ClassOf(window) == "#32770" && ::GetDlgItem(window, kMessageText);
-    });
-    return found == windows.end() ? nullptr : *found;
+    for (const HWND window : TopWindows(program.Id()))
+        if (ClassOf(window) == kDialog && ::GetDlgItem(window, kMessageText)) return window;
+    return nullptr;
 }
 
 HWND IconOf(HWND message) {
@@ -35,124 +32,72 @@ HWND IconOf(HWND message) {
     return child;
 }
 
-// The icons are red, yellow (or orange) and blue.
-MessageKind KindByIcon(HWND icon) {
-    if (!icon) return MessageKind::Unknown;
+// The icons are red, yellow (or orange) and blue. Empty until one is seen.
+std::string KindByIcon(HWND icon) {
     const RECT area = AreaOf(icon);
     const ScreenPicture picture(area);
-    int red = 0, yellow = 0, blue = 0;
-    for (int y = area.top; y < area.bottom; ++y) {
-        for (int x = area.left; x < area.right; ++x) {
+    std::pair<int, const char*> counts[] = {
+        {0, "critical"}, {0, "exclamation"}, {0, "information"}};
+    for (LONG y = area.top; y < area.bottom; ++y) {
+        for (LONG x = area.left; x < area.right; ++x) {
             const COLORREF color = picture.At(x, y);
-            const int r = GetRValue(color), g = GetGValue(color), b = GetBValue(color);
-            red += r > 150 && g < 90 && b < 90;
-            yellow += r > 200 && g >= 90 && b < 110;
-            blue += b > 120 && r < 110;
+            const int red = GetRValue(color), green = GetGValue(color), blue = GetBValue(color);
+            counts[0].first += red > 150 && green < 90 && blue < 90;
+            counts[1].first += red > 200 && green >= 90 && blue < 110;
+            counts[2].first += blue > 120 && red < 110;
         }
     }
-    const int most = std::max({red, yellow, blue});
-    if (most < 40) return MessageKind::Unknown;
-    if (most == red) return MessageKind::Critical;
-    return most == yellow ? MessageKind::Exclamation : MessageKind::Information;
+    const auto& [count, kind] = *std::max_element(std::begin(counts), std::end(counts));
+    return count < 40 ? "" : kind;
 }
 
-void WaitUntilGone(HWND dialog) {
-    WaitUntil("a dialog to close",
-              [&] { return !::IsWindow(dialog) || !::IsWindowVisible(dialog); });
+void Press(HWND dialog, int button) {
+    ClickAt(MiddleOf(AreaOf(::GetDlgItem(dialog, button))));
+    Form(dialog).WaitUntilClosed();
 }
 
 }  // namespace
 
-std::ostream& operator<<(std::ostream& out, const ShownMessage& message) {
-    constexpr const char* kNames[] = {"critical", "exclamation", "information", "unknown"};
-    return out << kNames[static_cast<int>(message.Kind)] << " message \"" << message.Title
-               << "\": \"" << message.Text << '"';
-}
-
-bool ShowsMessage(const Program& program) {
-    return FindMessage(program) != nullptr;
-}
-
-ShownMessage Answer(const Program& program, int button) {
+std::string Answer(const Program& program, int button) {
     HWND dialog = nullptr;
-    WaitUntil("a message", [&] {
-        if (program.HasEnded()) throw std::runtime_error("the program has ended");
-        return (dialog = FindMessage(program)) != nullptr;
-    });
-    const HWND pressed = ::GetDlgItem(dialog, button);
-    if (!pressed) throw std::runtime_error("the message has no such button: " + TextOf(dialog));
-    ShownMessage message{MessageKind::Unknown, TextOf(dialog),
-                         TextOf(::GetDlgItem(dialog, kMessageText))};
-    WaitUntil("the icon of the message \"" + message.Text + "\"", [&] {
-        message.Kind = KindByIcon(IconOf(dialog));
-        return message.Kind != MessageKind::Unknown;
-    });
-    ClickAt(MiddleOf(AreaOf(pressed)));
-    WaitUntilGone(dialog);
-    return message;
+    WaitUntil("a message", [&] { return (dialog = FindMessage(program)) != nullptr; });
+    const std::string said = TextOf(dialog) + ": " + TextOf(::GetDlgItem(dialog, kMessageText));
+    std::string kind;
+    WaitUntil("the icon of the message " + said,
+              [&] { return !(kind = KindByIcon(IconOf(dialog))).empty(); });
+    Press(dialog, button);
+    return kind + " " + said;
 }
 
-// A combo box around it comes with some systems.
-HWND FileNameDialog::NameField() const {
-    HWND field = ::GetDlgItem(window_, kFileName);
-    while (const HWND inner = field ? ::GetWindow(field, GW_CHILD) : nullptr) field = inner;
-    if (!field) throw std::runtime_error("the dialog has no field for a name");
-    return field;
-}
-
-std::string FileNameDialog::ProposedName() const {
-    return TextOf(NameField());
-}
-
-void FileNameDialog::Choose(std::string_view path) const {
-    ::SendMessageW(NameField(), WM_SETTEXT, 0,
+std::string AnswerFileName(const Program& program, std::string_view title, std::string_view path) {
+    const HWND dialog = WaitForWindow(program.Id(), kDialog, title);
+    HWND field = ::GetDlgItem(dialog, kFileName);  // on some systems within a combo box
+    while (const HWND inner = ::GetWindow(field, GW_CHILD)) field = inner;
+    const std::string proposed = TextOf(field);
+    ::SendMessageW(field, WM_SETTEXT, 0,
                    reinterpret_cast<LPARAM>(platform::win32::Wide(path).c_str()));
-    Press(IDOK);
+    Press(dialog, path.empty() ? IDCANCEL : IDOK);
+    return proposed;
 }
 
-void FileNameDialog::Cancel() const {
-    Press(IDCANCEL);
-}
-
-void FileNameDialog::Press(int button) const {
-    ClickAt(MiddleOf(AreaOf(::GetDlgItem(window_, button))));
-    WaitUntilGone(window_);
-}
-
-FolderDialog::FolderDialog(const Program& program)
-    : program_(program), window_(program.WaitForWindow("#32770", "Browse for Folder")) {}
-
-bool FolderDialog::Says(std::string_view prompt) const {
-    for (HWND child = ::GetWindow(window_, GW_CHILD); child;
-         child = ::GetWindow(child, GW_HWNDNEXT))
-        if (TextOf(child) == prompt) return true;
-    return false;
-}
-
-void FolderDialog::Select(const Texts& names) const {
-    const HWND tree = ::GetDlgItem(window_, kFolderTree);
-    const HWND field = ::GetDlgItem(window_, kFolderName);
+RECT AnswerFolder(const Program& program, const Texts& names, int button) {
+    const HWND dialog = WaitForWindow(program.Id(), kDialog, "Browse for Folder");
+    const RECT area = AreaOf(dialog);
+    const HWND tree = ::GetDlgItem(dialog, kFolderTree);
     const auto next = [&](WPARAM relation, LRESULT item) {
         return ::SendMessageW(tree, TVM_GETNEXTITEM, relation, item);
     };
     LRESULT item = next(TVGN_ROOT, 0);
     for (const std::string& name : names) {
         ::SendMessageW(tree, TVM_EXPAND, TVE_EXPAND, item);
-        item = next(TVGN_CHILD, item);
-        std::string seen;
-        while (item) {
+        for (item = next(TVGN_CHILD, item); item; item = next(TVGN_NEXT, item)) {
             ::SendMessageW(tree, TVM_SELECTITEM, TVGN_CARET, item);
-            seen += " " + TextOf(field);
-            if (TextOf(field) == name) break;
-            item = next(TVGN_NEXT, item);
+            if (TextOf(::GetDlgItem(dialog, kFolderName)) == name) break;
         }
-        if (!item) throw std::runtime_error("the tree has no " + name + " but" + seen);
+        if (!item) throw std::runtime_error("the tree has no " + name);
     }
-}
-
-void FolderDialog::Press(int button) const {
-    ClickAt(MiddleOf(AreaOf(::GetDlgItem(window_, button))));
-    WaitUntilGone(window_);
+    Press(dialog, button);
+    return area;
 }
 
 }  // namespace window

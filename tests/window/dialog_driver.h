@@ -1,7 +1,7 @@
-// Reads and answers the dialogs of the system that the program opens.
+// Reads and answers the dialogs of the system that the program opens. Each function waits for its
+// dialog and returns when it is gone.
 #pragma once
 
-#include <iosfwd>
 #include <string>
 #include <string_view>
 
@@ -11,57 +11,16 @@
 
 namespace window {
 
-enum class MessageKind { Critical, Exclamation, Information, Unknown };  // by its icon
+// Presses a button (IDOK, IDYES, IDNO) of a message box with the real pointer. Returns what it
+// said: its icon (critical, exclamation or information), its title, a colon, its text.
+std::string Answer(const Program& program, int button = IDOK);
 
-struct ShownMessage {
-    MessageKind Kind;
-    std::string Title;
-    std::string Text;
-    bool operator==(const ShownMessage&) const = default;
-};
-std::ostream& operator<<(std::ostream& out, const ShownMessage& message);
+// Enters a name into the dialog of this title and accepts it; cancels if the name is empty.
+// Returns the name that the dialog proposed.
+std::string AnswerFileName(const Program& program, std::string_view title, std::string_view path);
 
-// Waits for a message box, presses one of its buttons (IDOK, IDYES, IDNO) with the real pointer
-// and returns, once it is gone, what it said.
-ShownMessage Answer(const Program& program, int button = IDOK);
-
-bool ShowsMessage(const Program& program);
-
-// The system's dialog for the name of a file to save or to open.
-class FileNameDialog {
-  public:
-    FileNameDialog(const Program& program, std::string_view title)
-        : program_(program), window_(program.WaitForWindow("#32770", title)) {}
-
-    std::string ProposedName() const;
-
-    // Enters a name and presses Save or Open, or presses Cancel; returns when the dialog is gone.
-    void Choose(std::string_view path) const;
-    void Cancel() const;
-
-  private:
-    HWND NameField() const;
-    void Press(int button) const;
-
-    const Program& program_;
-    HWND window_;
-};
-
-// The system's dialog for a folder.
-class FolderDialog {
-  public:
-    explicit FolderDialog(const Program& program);
-
-    HWND Window() const { return window_; }
-    bool Says(std::string_view prompt) const;
-
-    // Goes down the tree by the names as the dialog shows them, from below the desktop.
-    void Select(const Texts& names) const;
-    void Press(int button) const;  // IDOK or IDCANCEL
-
-  private:
-    const Program& program_;
-    HWND window_;
-};
+// Goes down the tree of folders by the names that it shows, from below the desktop, and presses
+// IDOK or IDCANCEL. Returns where the dialog stood on the screen.
+RECT AnswerFolder(const Program& program, const Texts& names, int button);
 
 }  // namespace window

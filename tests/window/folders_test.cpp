@@ -1,106 +1,118 @@
-// Picking folders with the system's dialog and opening them in the file browser.
-#include <algorithm>
-
+// The folder boxes: picking folders, opening them, the history of pairs across starts.
 #include "window/window_fixture.h"
 
 namespace window {
 
 namespace {
 
-class FoldersTest : public WindowTest {};
-
-// From the desktop down to a folder on C:, as the tree names them.
-Texts TreePath(const std::string& path) {
-    Texts names = {"My Computer", " (C:)"};
-    for (std::size_t start = 3; start < path.size();) {
-        const std::size_t end = std::min(path.find('\\', start), path.size());
-        names.push_back(path.substr(start, end - start));
-        start = end + 1;
+class FoldersTest : public WindowTest {
+  protected:
+    static std::string Stored(const std::string& folder1, const std::string& folder2,
+                              const std::string& filter = "==========0") {
+        return folder1 + "==========" + folder2 + "==========" + filter;
     }
-    return names;
-}
+    static void WaitForList(HWND combo, bool dropped) {
+        WaitUntil("the list of a box", [&] {
+            return (::SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0) != 0) == dropped;
+        });
+    }
+};
 
-TEST_F(FoldersTest, BrowsingFillsTheBoxes) {
-    const Program varnel;
+TEST_F(FoldersTest, BrowsingFillsTheBoxesUnlessCancelled) {
+    const Program varnel("C:\\a , C:\\b");
     varnel.Click("CommandBrowse1");
-    FolderDialog dialog1(varnel);
-    EXPECT_TRUE(dialog1.Says("Please select Folder 1:"));
-    EXPECT_FALSE(::IsWindowEnabled(varnel.Window()));
-    const RECT main = AreaOf(varnel.Window()), shown = AreaOf(dialog1.Window());
-    EXPECT_EQ(shown.left - main.left, ::MulDiv(1000, 1, 15));
-    EXPECT_EQ(shown.top - main.top, ::MulDiv(600, 1, 15));
-    dialog1.Select(TreePath(Folder1()));
-    dialog1.Press(IDOK);
-    varnel.WaitForText("Combo1", Folder1() + "\\");
+    const RECT shown = AnswerFolder(varnel, {"My Computer", " (C:)"}, IDOK);
+    const RECT main = AreaOf(varnel.Window());
+    EXPECT_NEAR(shown.left - main.left, 1000 / 15.0, 1);
+    EXPECT_NEAR(shown.top - main.top, 600 / 15.0, 1);
+    varnel.WaitForText("Combo1", "C:\\");
+    EXPECT_EQ(TextOf(varnel.Look("Combo1").Window), "C:\\");
     varnel.WaitForQuiet();
-
     varnel.RunMenu("mnuFolder2");
-    const FolderDialog dialog2(varnel);
-    EXPECT_TRUE(dialog2.Says("Please select Folder 1:"));  // the same words for both
-    dialog2.Select({"My Computer", " (C:)"});
-    dialog2.Press(IDOK);
-    varnel.WaitForText("Combo2", "C:\\");
-    EXPECT_EQ(TextOf(varnel.Look("Combo2").Window), "C:\\");
+    AnswerFolder(varnel, {"My Computer", " (C:)"}, IDCANCEL);
+    varnel.WaitForQuiet();
+    EXPECT_EQ(varnel.Text("Combo2"), "C:\\b");
 }
 
-TEST_F(FoldersTest, CancellingLeavesTheBoxAsItIs) {
-    const Program varnel(Pair());
-    for (const char* browse : {"CommandBrowse1", "CommandBrowse2"}) {
-        varnel.Click(browse);
-        const FolderDialog dialog(varnel);
-        dialog.Select({"My Computer", " (C:)"});
-        dialog.Press(IDCANCEL);
-        varnel.WaitForQuiet();
-    }
-    varnel.Compare();
-    EXPECT_EQ(varnel.Text("Combo1"), Folder1());
-    EXPECT_EQ(varnel.Text("Combo2"), Folder2());
-}
-
-TEST_F(FoldersTest, TheOpenButtonsAppearUnderThePointer) {
+TEST_F(FoldersTest, TheButtonUnderThePointerOpensTheFolder) {
+    Files.MakeFolder("opened here");
     const Program varnel("C:\\a , ");
     varnel.Click("ImageOpenFolder2");  // its box is empty
     varnel.Point("ImageOpenFolder1");
-    const auto shown = [](const Seen& button) { return button.Visible; };
-    const auto hidden = [](const Seen& button) { return !button.Visible; };
-    varnel.WaitFor("CmdOpenFolder1", "shown", shown);
+    varnel.WaitUntilShown("CmdOpenFolder1");
     EXPECT_FALSE(varnel.Shows("CmdOpenFolder2"));
-    const RECT window = AreaOf(varnel.Window());
-    const RECT row = varnel.Look("Command3").Area;
-    MovePointer({window.left + 10, (row.top + row.bottom) / 2});  // the bare window
-    varnel.WaitFor("CmdOpenFolder1", "hidden", hidden);
-    varnel.Type("Combo2", "C:\\b");
-    varnel.WaitForText("Combo2", "C:\\b");
+    MovePointer({AreaOf(varnel.Window()).left + 10, varnel.PlaceOf("Command3").y});
+    varnel.WaitUntilShown("CmdOpenFolder1", false);
+    varnel.Type("Combo2", Files.Path("opened here"));
+    varnel.WaitForText("Combo2", Files.Path("opened here"));
     varnel.Point("ImageOpenFolder2");
-    varnel.WaitFor("CmdOpenFolder2", "shown", shown);
+    varnel.WaitUntilShown("CmdOpenFolder2");
+    varnel.Click("CmdOpenFolder2");
+    CloseWindowOf(WaitForWindow(0, "", "opened here"));
 }
 
-TEST_F(FoldersTest, OpensAFolderInTheFileBrowser) {
-    const Program varnel(Pair());
-    const std::vector<HWND> before = TopWindows(0);
-    varnel.Point("ImageOpenFolder1");
-    varnel.WaitFor("CmdOpenFolder1", "shown", [](const Seen& button) { return button.Visible; });
-    varnel.Click("CmdOpenFolder1");
-    HWND browser = nullptr;
-    WaitUntil("the file browser", [&] {
-        for (const HWND window : TopWindows(0)) {
-            const bool isNew = std::find(before.begin(), before.end(), window) == before.end();
-            const std::string kind = ClassOf(window);
-            if (isNew && (kind == "ExplorerWClass" || kind == "CabinetWClass")) browser = window;
-        }
-        return browser != nullptr;
-    });
-    WaitUntil("the browser's title",
-              [&] { return TextOf(browser) == "1" || TextOf(browser) == Folder1(); });
-    ::PostMessageW(browser, WM_CLOSE, 0, 0);
-    WaitUntil("the file browser to close", [&] { return !::IsWindow(browser); });
+TEST_F(FoldersTest, PairsAreKeptAcrossStartsUntilTheyAreCleared) {
+    Files.MakeFolder("3");
+    const std::string folder3 = Files.Path("3");
+    Put("1/same.txt", "same");
+    Put("2/same.txt", "same");
+    {
+        const Program varnel(Pair());
+        varnel.Compare();
+        varnel.Fill("Combo2", folder3);
+        varnel.Compare();
+        EXPECT_EQ(HistoryValue(0), Stored(Folder1(), Folder2()));
+        EXPECT_EQ(HistoryValue(1), Stored(Folder1(), folder3));
+        varnel.Close();
+    }
+    const std::string question =
+        "exclamation Varnel: This operation will delete all prifiles, Continue?";
+    const Program varnel;
+    EXPECT_EQ(varnel.Text("Combo2"), Folder2());
+    varnel.RunMenu("mnuClearProfile");
+    EXPECT_EQ(Answer(varnel, IDNO), question);
+    varnel.WaitForQuiet();
+    EXPECT_EQ(varnel.Look("Combo2").Entries, (Texts{Folder2(), folder3}));
+    varnel.RunMenu("mnuClearProfile");
+    EXPECT_EQ(Answer(varnel, IDYES), question);
+    varnel.WaitForText("Combo1", "");
+    EXPECT_EQ(TextOf(varnel.Look("Combo1").Window), "");
+    EXPECT_EQ(HistoryValue(0) + HistoryValue(1), "");
 }
 
-TEST_F(FoldersTest, OpeningAMissingFolderSaysNothing) {
-    const Program varnel("C:\\no such folder , C:\\b");
-    varnel.RunMenu("mnuOpenFolder1");
-    varnel.RunMenu("mnuAbout");
-    EXPECT_EQ(Answer(varnel).Title, "About Varnel");
+TEST_F(FoldersTest, PickingAPairBringsItsFilterBack) {
+    SetHistoryValue(0, Stored("C:\\a", "C:\\b"));
+    SetHistoryValue(1, Stored("C:\\c", "C:\\d", "/txt==========-1"));
+    SetHistoryValue(2, "C:\\short==========C:\\form");
+    const Program varnel;
+    const Seen box = varnel.Look("Combo1");
+    // With the pointer: the arrow, then the second line of the list.
+    ClickAt({box.Area.right - 8, MiddleOf(box.Area).y});
+    WaitForList(box.Window, true);
+    const auto line = static_cast<LONG>(::SendMessageW(box.Window, CB_GETITEMHEIGHT, 0, 0));
+    ClickAt({box.Area.left + 20, box.Area.bottom + line + line / 2});
+    varnel.WaitForText("Combo1", "C:\\c");
+    varnel.WaitForText("LabelFileFilter", "Only sync files with extensions:  .txt");
+    EXPECT_EQ(TextOf(varnel.Look("Combo2").Window), "C:\\d");
+    ParkPointer();
+
+    // With the keyboard; a pair in the short form has no filter.
+    PressKey(VK_F4);
+    WaitForList(box.Window, true);
+    PressKey(VK_DOWN);
+    PressKey(VK_RETURN);  // starts no comparison
+    varnel.WaitForText("Combo1", "C:\\short");
+    varnel.WaitForText("LabelFileFilter", "Sync all type of file.");
+    EXPECT_TRUE(::IsWindowEnabled(varnel.Window()));
+
+    // Esc leaves the list and changes nothing.
+    PressKey(VK_F4);
+    WaitForList(box.Window, true);
+    PressKey(VK_UP);
+    PressKey(VK_ESCAPE);
+    WaitForList(box.Window, false);
+    WaitUntil("the old text", [&] { return TextOf(box.Window) == "C:\\short"; });
+    EXPECT_EQ(varnel.Text("Combo2"), "C:\\form");
 }
 
 }  // namespace

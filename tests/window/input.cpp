@@ -1,17 +1,15 @@
 #include "window/input.h"
 
-#include <cstring>
 #include <stdexcept>
 #include <vector>
 
 #include "platform/win32/text_conversion.h"
-#include "window/screen_picture.h"
 
 namespace window {
 
 namespace {
 
-constexpr UINT kAnswerTimeout = 5000;  // ms
+POINT pointer{};  // where it was put last; the system asks the screen, which may lag behind
 
 void Send(std::vector<INPUT> events) {
     const auto count = static_cast<UINT>(events.size());
@@ -25,50 +23,30 @@ LONG InParts(LONG pixel, int size) {
 }
 
 // An event brings its place along: a late report of where the pointer was before cannot move it.
-INPUT PointerEvent(POINT at, DWORD flags, DWORD data = 0) {
+INPUT PointerEvent(POINT at, DWORD flags, int data = 0) {
     INPUT event{};
     event.type = INPUT_MOUSE;
     event.mi.dx = InParts(at.x, ::GetSystemMetrics(SM_CXSCREEN));
     event.mi.dy = InParts(at.y, ::GetSystemMetrics(SM_CYSCREEN));
     event.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | flags;
-    event.mi.mouseData = data;
+    event.mi.mouseData = static_cast<DWORD>(data);
     return event;
 }
 
-// The keys apart from letters and digits that keyboards have in a block of their own.
-bool IsExtended(WORD key) {
-    switch (key) {
-        case VK_UP:
-        case VK_DOWN:
-        case VK_LEFT:
-        case VK_RIGHT:
-        case VK_HOME:
-        case VK_END:
-        case VK_PRIOR:
-        case VK_NEXT:
-        case VK_INSERT:
-        case VK_DELETE:
-            return true;
-        default:
-            return false;
-    }
-}
-
-INPUT Key(WORD key, DWORD flags) {
+INPUT KeyEvent(WORD key, WORD character, DWORD flags) {
     INPUT event{};
     event.type = INPUT_KEYBOARD;
     event.ki.wVk = key;
-    event.ki.wScan = static_cast<WORD>(::MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
-    event.ki.dwFlags = flags | (IsExtended(key) ? KEYEVENTF_EXTENDEDKEY : 0);
+    event.ki.wScan = character;
+    event.ki.dwFlags = flags;
     return event;
 }
 
-// The screen reports to the window below the pointer that it was moved, and with that which keys
-// are down on the screen's own keyboard: none. That must not come between a held key and the other.
-void AwaitReports() {
-    const ScreenPicture sent({0, 0, 1, 1});
-    ::SendMessageTimeoutW(::GetForegroundWindow(), WM_NULL, 0, 0, SMTO_NORMAL, kAnswerTimeout,
-                          nullptr);
+INPUT Key(WORD key, DWORD flags) {
+    // The arrows and their neighbours, which the block of digits has a second time.
+    const bool extended = (key >= VK_PRIOR && key <= VK_DOWN) || key == VK_DELETE;
+    return KeyEvent(key, static_cast<WORD>(::MapVirtualKeyW(key, MAPVK_VK_TO_VSC)),
+                    flags | (extended ? KEYEVENTF_EXTENDEDKEY : 0));
 }
 
 }  // namespace
@@ -78,7 +56,12 @@ POINT MiddleOf(const RECT& area) {
 }
 
 void MovePointer(POINT to) {
-    ::SetCursorPos(to.x, to.y);
+    pointer = to;
+    NudgePointer();
+}
+
+void NudgePointer() {
+    ::SetCursorPos(pointer.x, pointer.y);
 }
 
 void ParkPointer() {
@@ -96,46 +79,28 @@ void ReleaseButtonAt(POINT point) {
 }
 
 void ClickAt(POINT point) {
-    MovePointer(point);
-    Send({PointerEvent(point, MOUSEEVENTF_LEFTDOWN), PointerEvent(point, MOUSEEVENTF_LEFTUP)});
+    PressButtonAt(point);
+    Send({PointerEvent(point, MOUSEEVENTF_LEFTUP)});
 }
 
 void RollWheelAt(POINT point, int notches) {
     MovePointer(point);
-    Send({PointerEvent(point, MOUSEEVENTF_WHEEL, static_cast<DWORD>(-notches * WHEEL_DELTA))});
+    Send({PointerEvent(point, MOUSEEVENTF_WHEEL, -notches * WHEEL_DELTA)});
 }
 
-void PressKey(WORD key, std::initializer_list<WORD> held) {
-    if (held.size() > 0) AwaitReports();
-    std::vector<INPUT> events;
-    for (const WORD other : held) events.push_back(Key(other, 0));
-    events.push_back(Key(key, 0));
-    events.push_back(Key(key, KEYEVENTF_KEYUP));
-    for (const WORD other : held) events.push_back(Key(other, KEYEVENTF_KEYUP));
+void PressKey(WORD key, WORD held) {
+    std::vector<INPUT> events{Key(key, 0), Key(key, KEYEVENTF_KEYUP)};
+    if (held != 0) {
+        events.insert(events.begin(), Key(held, 0));
+        events.push_back(Key(held, KEYEVENTF_KEYUP));
+    }
     Send(std::move(events));
 }
 
 void TypeKeys(std::string_view characters) {
-    for (const wchar_t character : platform::win32::Wide(characters)) {
-        const SHORT key = ::VkKeyScanW(character);
-        if (key == -1) throw std::runtime_error("no key gives this character");
-        if (HIBYTE(key) & 1)
-            PressKey(LOBYTE(key), {VK_SHIFT});
-        else
-            PressKey(LOBYTE(key));
-    }
-}
-
-void CopyText(std::string_view text) {
-    const std::wstring wide = platform::win32::Wide(text);
-    const std::size_t size = (wide.size() + 1) * sizeof(wchar_t);
-    const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, size);
-    std::memcpy(::GlobalLock(memory), wide.c_str(), size);
-    ::GlobalUnlock(memory);
-    if (!::OpenClipboard(nullptr)) throw std::runtime_error("no clipboard");
-    ::EmptyClipboard();
-    ::SetClipboardData(CF_UNICODETEXT, memory);
-    ::CloseClipboard();
+    for (const wchar_t character : platform::win32::Wide(characters))
+        Send({KeyEvent(0, character, KEYEVENTF_UNICODE),
+              KeyEvent(0, character, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP)});
 }
 
 }  // namespace window

@@ -1,7 +1,6 @@
 // The pointer and the keyboard of the screen that the tests run on.
 #pragma once
 
-#include <initializer_list>
 #include <string_view>
 
 #include <windows.h>
@@ -12,19 +11,19 @@ POINT MiddleOf(const RECT& area);
 
 // The pointer, in pixels of the screen.
 void MovePointer(POINT to);
-void ParkPointer();  // in the corner of the screen, where no window is
+void NudgePointer();  // reports anew where it stands
+void ParkPointer();   // in the corner of the screen, where no window is
 void PressButtonAt(POINT point);
 void ReleaseButtonAt(POINT point);
 void ClickAt(POINT point);
 void RollWheelAt(POINT point, int notches);  // positive: towards the user, which scrolls down
 
-// One key (VK_...), with others held down meanwhile. It goes to the window in front.
-void PressKey(WORD key, std::initializer_list<WORD> held = {});
+// One key (VK_...). It goes to the window in front. Another one may be held down meanwhile, unless
+// the pointer or the keyboard has just come to another window: the screen tells that window which
+// keys are down on its own keyboard - none - and that releases the held one.
+void PressKey(WORD key, WORD held = 0);
 
-// The keys that give these characters on the keyboard.
+// What keys give, each as a character: no Shift is held, which could be released too early.
 void TypeKeys(std::string_view characters);
-
-// Puts a text on the clipboard.
-void CopyText(std::string_view text);
 
 }  // namespace window

@@ -1,6 +1,7 @@
 #include "window/inspection.h"
 
-#include <cstdlib>
+#include <cstdio>
+#include <sstream>
 #include <stdexcept>
 
 #include "platform/win32/control_inspection.h"
@@ -9,110 +10,60 @@ namespace window {
 
 namespace {
 
-using platform::win32::kInspectControl;
-
 constexpr UINT kTimeout = 20000;  // ms
 
+std::string answer;
+
+LRESULT CALLBACK TakeAnswer(HWND window, UINT id, WPARAM word, LPARAM number) {
+    if (id != WM_COPYDATA) return ::DefWindowProcW(window, id, word, number);
+    const auto& reply = *reinterpret_cast<const COPYDATASTRUCT*>(number);
+    answer.assign(static_cast<const char*>(reply.lpData), reply.cbData);
+    return TRUE;
+}
+
 // The window that answers are sent to.
-class Asker {
-  public:
-    Asker() {
-        WNDCLASSEXW windowClass{};
-        windowClass.cbSize = sizeof windowClass;
-        windowClass.lpfnWndProc = &Procedure;
-        windowClass.hInstance = ::GetModuleHandleW(nullptr);
-        windowClass.lpszClassName = L"VarnelInspector";
-        ::RegisterClassExW(&windowClass);
-        window_ = ::CreateWindowExW(0, windowClass.lpszClassName, L"", 0, 0, 0, 0, 0, HWND_MESSAGE,
-                                    nullptr, windowClass.hInstance, nullptr);
-        if (!window_) throw std::runtime_error("no window to receive answers");
-    }
-    ~Asker() { ::DestroyWindow(window_); }
-    Asker(const Asker&) = delete;
-    Asker& operator=(const Asker&) = delete;
-
-    std::string Ask(HWND form, std::string_view name) {
-        std::string question(name);
-        COPYDATASTRUCT request{kInspectControl, static_cast<DWORD>(question.size()),
-                               question.data()};
-        answer_.clear();
-        if (!::SendMessageTimeoutW(form, WM_COPYDATA, reinterpret_cast<WPARAM>(window_),
-                                   reinterpret_cast<LPARAM>(&request), SMTO_ABORTIFHUNG, kTimeout,
-                                   nullptr))
-            throw std::runtime_error("the window does not answer when asked for " + question);
-        return answer_;
-    }
-
-  private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT id, WPARAM word, LPARAM number) {
-        if (id != WM_COPYDATA) return ::DefWindowProcW(window, id, word, number);
-        const auto& reply = *reinterpret_cast<const COPYDATASTRUCT*>(number);
-        if (reply.dwData == kInspectControl)
-            answer_.assign(static_cast<const char*>(reply.lpData), reply.cbData);
-        return TRUE;
-    }
-
-    HWND window_ = nullptr;
-    static inline std::string answer_;
-};
-
-int Number(const std::string& text) {
-    return std::atoi(text.c_str());
-}
-
-COLORREF ColorOf(const std::string& digits) {
-    return static_cast<COLORREF>(std::strtoul(digits.c_str(), nullptr, 16));
-}
-
-std::vector<int> Numbers(const std::string& text) {
-    std::vector<int> numbers;
-    for (std::size_t start = 0; start <= text.size();) {
-        const std::size_t end = std::min(text.find(',', start), text.size());
-        numbers.push_back(Number(text.substr(start, end - start)));
-        start = end + 1;
-    }
-    return numbers;
+HWND MakeAsker() {
+    const HWND asker = ::CreateWindowExW(0, L"Static", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                         nullptr, nullptr);
+    ::SetWindowLongPtrW(asker, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&TakeAnswer));
+    return asker;
 }
 
 void Note(Seen& seen, const std::string& key, const std::string& value) {
+    const auto number = [&](int base) { return std::strtoll(value.c_str(), nullptr, base); };
+    RECT& area = seen.Area;
     if (key == "kind") seen.Kind = value;
     if (key == "visible") seen.Visible = value == "1";
     if (key == "enabled") seen.Enabled = value == "1";
     if (key == "bold") seen.Bold = value == "1";
-    if (key == "back") seen.Back = ColorOf(value);
-    if (key == "fore") seen.Fore = ColorOf(value);
-    if (key == "value") seen.Value = Number(value);
+    if (key == "back") seen.Back = static_cast<COLORREF>(number(16));
+    if (key == "fore") seen.Fore = static_cast<COLORREF>(number(16));
+    if (key == "value") seen.Value = static_cast<int>(number(10));
+    if (key == "range") std::sscanf(value.c_str(), "%*d,%d", &seen.Maximum);
+    if (key == "area")
+        std::sscanf(value.c_str(), "%ld,%ld,%ld,%ld", &area.left, &area.top, &area.right,
+                    &area.bottom);
+    if (key == "window") seen.Window = reinterpret_cast<HWND>(number(10));
     if (key == "entry") seen.Entries.push_back(value);
-    if (key == "tip") seen.Tip = value;
-    if (key == "window")
-        seen.Window = reinterpret_cast<HWND>(std::strtoll(value.c_str(), nullptr, 10));
-    const std::vector<int> numbers = Numbers(value);
-    if (key == "range" && numbers.size() == 2) {
-        seen.Minimum = numbers[0];
-        seen.Maximum = numbers[1];
-    }
-    if (key == "area" && numbers.size() == 4)
-        seen.Area = {numbers[0], numbers[1], numbers[2], numbers[3]};
 }
 
 }  // namespace
 
-std::optional<Seen> Inspect(HWND form, std::string_view name) {
-    static Asker asker;
-    const std::string answer = asker.Ask(form, name);
-    if (answer.empty()) return std::nullopt;
+Seen Inspect(HWND form, std::string_view name) {
+    static const HWND asker = MakeAsker();
+    std::string question(name);
+    COPYDATASTRUCT request{platform::win32::kInspectControl, static_cast<DWORD>(question.size()),
+                           question.data()};
+    answer.clear();
+    ::SendMessageTimeoutW(form, WM_COPYDATA, reinterpret_cast<WPARAM>(asker),
+                          reinterpret_cast<LPARAM>(&request), SMTO_ABORTIFHUNG, kTimeout, nullptr);
+    if (answer.empty()) throw std::runtime_error("the window tells nothing of " + question);
     Seen seen;
-    for (std::size_t start = 0; start < answer.size();) {
-        const std::size_t equals = answer.find('=', start);
-        const std::string key = answer.substr(start, equals - start);
-        if (key == "text") {  // all the rest
-            seen.Text = answer.substr(equals + 1);
-            break;
-        }
-        const std::size_t end = answer.find('\n', equals);
-        Note(seen, key, answer.substr(equals + 1, end - equals - 1));
-        start = end + 1;
-    }
+    const std::size_t text = answer.find("\ntext=") + 1;
+    std::istringstream lines(answer.substr(0, text));
+    for (std::string key, value; std::getline(lines, key, '=') && std::getline(lines, value);)
+        Note(seen, key, value);
+    seen.Text = answer.substr(text + 5);
     return seen;
 }
 

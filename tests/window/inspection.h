@@ -1,7 +1,6 @@
 // Reads the controls of Varnel's forms by their fixed names, from outside.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,16 +18,14 @@ struct Seen {
     COLORREF Back = 0;
     COLORREF Fore = 0;
     int Value = 0;  // checked, scroll value, selected entry, or a menu entry's command
-    int Minimum = 0;
     int Maximum = 0;
     RECT Area{};            // in pixels of the screen
     HWND Window = nullptr;  // none for what its container paints
     std::vector<std::string> Entries;
-    std::string Tip;
     std::string Text;
 };
 
-// Nothing when nothing of the form bears the name.
-std::optional<Seen> Inspect(HWND form, std::string_view name);
+// Throws when nothing of the form bears the name, or the form does not answer.
+Seen Inspect(HWND form, std::string_view name);
 
 }  // namespace window

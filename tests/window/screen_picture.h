@@ -18,16 +18,14 @@ class ScreenPicture {
     bool operator==(const ScreenPicture& other) const { return pixels_ == other.pixels_; }
 
     // The colour (0x00BBGGRR) of a pixel, in coordinates of the screen.
-    COLORREF At(int x, int y) const;
-
-    // How many pixels of an area have exactly this colour.
-    int Count(const RECT& area, COLORREF color) const;
+    COLORREF At(LONG x, LONG y) const;
 
     // As a BMP file. False when it cannot be written.
     bool Save(const std::string& path) const;
 
   private:
     RECT area_;
+    BITMAPINFOHEADER format_{};
     std::vector<std::uint32_t> pixels_;  // 0x00RRGGBB, row by row from the top
 };
 

@@ -22,7 +22,7 @@ void OpenDirectionPanel(const window::Program& program) {
     });
     if (modified == rows.end()) throw std::runtime_error("no file is modified");
     program.Click(window::Program::Cell("sMAC", static_cast<int>(modified - rows.begin())));
-    program.WaitFor("Picture3", "open", [](const window::Seen& panel) { return panel.Visible; });
+    program.WaitUntilShown("Picture3");
 }
 
 void TakePicture(const std::string& pair, const std::string& file, const std::string& moment) {

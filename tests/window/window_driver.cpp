@@ -1,13 +1,12 @@
 #include "window/window_driver.h"
 
 #include <algorithm>
-#include <array>
 #include <exception>
+#include <optional>
 #include <stdexcept>
 
 #include "platform/win32/text_conversion.h"
 #include "window/input.h"
-#include "window/screen_picture.h"
 
 namespace window {
 
@@ -16,21 +15,15 @@ namespace {
 using platform::win32::Narrow;
 using platform::win32::Wide;
 
-constexpr DWORD kPause = 3;  // ms between two looks
+constexpr DWORD kPause = 3;               // ms between two looks
+constexpr unsigned kBetweenNudges = 800;  // ms; a tooltip needs half a second of rest
 constexpr int kPicturesAtRest = 30;
-
-constexpr std::array kCellsFromLeft = {"sTYPE", "sFile1", "sSize1", "sMD1",
-                                       "sMAC",  "sFile2", "sSize2", "sMD2"};
 constexpr int kPageRows = 25;
 
-std::wstring ProgramPath() {
+PROCESS_INFORMATION StartProgram(const std::string& arguments) {
     std::wstring path(32768, L'\0');
     path.resize(::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-    return path.substr(0, path.find_last_of(L'\\') + 1) + Wide(VARNEL_EXE_NAME);
-}
-
-PROCESS_INFORMATION StartProgram(const std::string& arguments) {
-    const std::wstring path = ProgramPath();
+    path = path.substr(0, path.find_last_of(L'\\') + 1) + Wide(VARNEL_EXE_NAME);
     std::wstring line = L"\"" + path + L"\"" + (arguments.empty() ? L"" : L" ") + Wide(arguments);
     STARTUPINFOW start{};
     start.cb = sizeof start;
@@ -49,17 +42,8 @@ HWND FocusOf(HWND window) {
     return state.hwndFocus;
 }
 
-struct WindowSearch {
-    DWORD Process;
-    std::vector<HWND> Found;
-};
-
-BOOL CALLBACK NoteWindow(HWND window, LPARAM argument) {
-    auto& search = *reinterpret_cast<WindowSearch*>(argument);
-    DWORD process = 0;
-    ::GetWindowThreadProcessId(window, &process);
-    if (::IsWindowVisible(window) && (search.Process == 0 || process == search.Process))
-        search.Found.push_back(window);
+BOOL CALLBACK NoteWindow(HWND window, LPARAM found) {
+    if (::IsWindowVisible(window)) reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
     return TRUE;
 }
 
@@ -67,18 +51,18 @@ bool IsFirstView(const std::string& heading) {
     return heading.starts_with("New and Modified Files:") || heading.starts_with("Same Files:");
 }
 
-std::string Listed(const Texts& texts) {
-    std::string list;
-    for (const std::string& text : texts) list += "\n  " + text;
-    return list;
-}
-
 }  // namespace
 
 void WaitUntil(const std::string& what, const std::function<bool()>& condition, unsigned limit) {
-    const unsigned long long end = ::GetTickCount64() + limit;
+    const unsigned long long start = ::GetTickCount64();
+    unsigned long long nudge = start + kBetweenNudges;
     while (!condition()) {
-        if (::GetTickCount64() > end) throw std::runtime_error("waited in vain for " + what);
+        const unsigned long long now = ::GetTickCount64();
+        if (now > start + limit) throw std::runtime_error("waited in vain for " + what);
+        if (now > nudge) {
+            NudgePointer();
+            nudge = now + kBetweenNudges;
+        }
         ::Sleep(kPause);
     }
 }
@@ -104,15 +88,31 @@ std::string ClassOf(HWND window) {
 }
 
 std::vector<HWND> TopWindows(DWORD process) {
-    WindowSearch search{process, {}};
-    ::EnumWindows(&NoteWindow, reinterpret_cast<LPARAM>(&search));
-    return search.Found;
+    std::vector<HWND> windows;
+    ::EnumWindows(&NoteWindow, reinterpret_cast<LPARAM>(&windows));
+    std::erase_if(windows, [&](HWND window) {
+        DWORD owner = 0;
+        ::GetWindowThreadProcessId(window, &owner);
+        return process != 0 && owner != process;
+    });
+    return windows;
 }
 
-Seen Form::Look(std::string_view name) const {
-    auto seen = Inspect(window_, name);
-    if (!seen) throw std::runtime_error("there is no " + std::string(name));
-    return *std::move(seen);
+HWND WaitForWindow(DWORD process, std::string_view windowClass, std::string_view title) {
+    HWND found = nullptr;
+    WaitUntil("a window " + std::string(windowClass) + " \"" + std::string(title) + "\"", [&] {
+        for (const HWND window : TopWindows(process))
+            if ((windowClass.empty() || ClassOf(window) == windowClass) &&
+                TextOf(window).find(title) != std::string::npos)
+                return (found = window) != nullptr;
+        return false;
+    });
+    return found;
+}
+
+void CloseWindowOf(HWND window) {
+    ::PostMessageW(window, WM_CLOSE, 0, 0);
+    Form(window).WaitUntilClosed();
 }
 
 POINT Form::PlaceOf(std::string_view name) const {
@@ -132,30 +132,31 @@ void Form::Click(std::string_view name) const {
 void Form::Set(std::string_view name, bool value) const {
     if (Look(name).Value == value) return;
     Click(name);
-    WaitFor(name, "the other value", [value](const Seen& seen) { return seen.Value == value; });
+    WaitFor(name, [value](const Seen& seen) { return seen.Value == value; });
 }
 
 void Form::Type(std::string_view name, std::string_view keys) const {
     Click(name);
     WaitForFocus(name);
-    PressKey('A', {VK_CONTROL});
-    PressKey(VK_DELETE);
+    ::SendMessageW(FocusOf(window_), EM_SETSEL, 0, -1);
     TypeKeys(keys);
 }
 
-void Form::Paste(std::string_view name, std::string_view text) const {
-    Type(name, "");
-    CopyText(text);
-    PressKey('V', {VK_CONTROL});
+void Form::Fill(std::string_view name, std::string_view text) const {
+    const HWND control = Look(name).Window;
+    const HWND inner = ::GetWindow(control, GW_CHILD);
+    const HWND field = inner ? inner : control;
+    ::SendMessageW(field, EM_SETSEL, 0, -1);
+    ::SendMessageW(field, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(text).c_str()));
+    WaitForText(name, text);
 }
 
 void Form::RunMenu(std::string_view name) const {
     ::PostMessageW(window_, WM_COMMAND, static_cast<WPARAM>(Look(name).Value), 0);
 }
 
-void Form::WaitFor(std::string_view name, const std::string& what,
-                   const std::function<bool(const Seen&)>& condition) const {
-    WaitUntil(std::string(name) + ": " + what, [&] { return condition(Look(name)); });
+void Form::WaitFor(std::string_view name, const std::function<bool(const Seen&)>& condition) const {
+    WaitUntil(std::string(name), [&] { return condition(Look(name)); });
 }
 
 void Form::WaitForText(std::string_view name, std::string_view text) const {
@@ -164,7 +165,7 @@ void Form::WaitForText(std::string_view name, std::string_view text) const {
         WaitUntil("", [&] { return (last = Text(name)) == text; });
     } catch (const std::runtime_error&) {
         throw std::runtime_error(std::string(name) + " does not say \"" + std::string(text) +
-                                 "\" but \"" + last + "\"");
+                                 "\" but \"" + last + '"');
     }
 }
 
@@ -174,6 +175,15 @@ void Form::WaitForFocus(std::string_view name) const {
         const HWND focus = FocusOf(window_);
         return focus == wanted || (focus && ::GetParent(focus) == wanted);
     });
+}
+
+void Form::WaitUntilShown(std::string_view name, bool shown) const {
+    WaitFor(name, [shown](const Seen& seen) { return seen.Visible == shown; });
+}
+
+void Form::WaitUntilClosed() const {
+    WaitUntil("a window to close",
+              [this] { return !::IsWindow(window_) || !::IsWindowVisible(window_); });
 }
 
 ScreenPicture Form::WaitForPicture(
@@ -202,9 +212,14 @@ Program::Program(const PROCESS_INFORMATION& started)
       thread_(started.hThread),
       id_(started.dwProcessId) {
     ParkPointer();
-    window_ = WaitForWindow("FormMain", " Varnel ,  Version 8.12");
+    window_ = WaitForWindow(id_, "FormMain", " Varnel ,  Version 8.12");
     WaitUntil("the window to come to the front",
               [this] { return ::GetForegroundWindow() == window_ && FocusOf(window_); });
+    // By then the program has heard what the screen tells of a new window.
+    const Seen cell = Look("sFile1(9)");
+    WaitForPicture([&cell](const ScreenPicture& picture) {
+        return picture.At(cell.Area.left, cell.Area.top) == cell.Back;
+    });
 }
 
 Program::~Program() {
@@ -225,9 +240,9 @@ unsigned Program::WaitForEnd() const {
     return status;
 }
 
-void Program::Close() const {
+unsigned Program::Close() const {
     ::PostMessageW(window_, WM_SYSCOMMAND, SC_CLOSE, 0);
-    WaitForEnd();
+    return WaitForEnd();
 }
 
 void Program::Pause() const {
@@ -239,22 +254,6 @@ void Program::Resume() const {
     ::ResumeThread(thread_.Get());
 }
 
-HWND Program::WaitForWindow(std::string_view windowClass, std::string_view title) const {
-    HWND found = nullptr;
-    const auto matches = [&](HWND window) {
-        return (windowClass.empty() || ClassOf(window) == windowClass) &&
-               (title.empty() || TextOf(window) == title);
-    };
-    WaitUntil("a window " + std::string(windowClass) + " \"" + std::string(title) + "\"", [&] {
-        if (HasEnded()) throw std::runtime_error("the program has ended");
-        const std::vector<HWND> windows = TopWindows(id_);
-        const auto window = std::find_if(windows.begin(), windows.end(), matches);
-        found = window == windows.end() ? nullptr : *window;
-        return found != nullptr;
-    });
-    return found;
-}
-
 void Program::WaitForQuiet() const {
     WaitUntil("the main window to be in front",
               [this] { return ::IsWindowEnabled(window_) && ::GetForegroundWindow() == window_; });
@@ -262,10 +261,10 @@ void Program::WaitForQuiet() const {
 
 // The heading tells when a comparison is over, so it must say something else before.
 void Program::Compare(unsigned limit) const {
+    WaitForQuiet();
     if (IsFirstView(Text("LabelShow"))) {
         Click("LabelNewFile");
-        WaitFor("LabelShow", "another view",
-                [](const Seen& seen) { return !IsFirstView(seen.Text); });
+        WaitFor("LabelShow", [](const Seen& seen) { return !IsFirstView(seen.Text); });
     }
     Click("Command3");
     const auto isOver = [this] {
@@ -282,23 +281,13 @@ std::string Program::Cell(std::string_view kind, int row) {
 
 Texts Program::Rows() const {
     Texts rows;
-    for (int row = 0; row < kPageRows; ++row) {
-        std::string text;
-        for (const char* kind : kCellsFromLeft) text += Text(Cell(kind, row)) + "|";
-        text.pop_back();
-        if (text.find_first_not_of('|') == std::string::npos) break;
+    for (int row = 0; row < kPageRows && !Text(Cell("sTYPE", row)).empty(); ++row) {
+        std::string text = Text(Cell("sTYPE", row));
+        for (const char* kind : {"sFile1", "sSize1", "sMD1", "sMAC", "sFile2", "sSize2", "sMD2"})
+            text += "|" + Text(Cell(kind, row));
         rows.push_back(text);
     }
     return rows;
-}
-
-void Program::WaitForRows(const Texts& rows) const {
-    Texts last;
-    try {
-        WaitUntil("", [&] { return (last = Rows()) == rows; });
-    } catch (const std::runtime_error&) {
-        throw std::runtime_error("the rows are not" + Listed(rows) + "\nbut" + Listed(last));
-    }
 }
 
 }  // namespace window

@@ -21,7 +21,8 @@ using Texts = std::vector<std::string>;
 
 inline constexpr unsigned kLimit = 20000;  // of a wait, in ms
 
-// Returns when `condition` holds; throws when the limit is over.
+// Returns when `condition` holds; throws when the limit is over. The pointer is nudged now and
+// then: Wine loses a move that arrives while the program is taking in the one before.
 void WaitUntil(const std::string& what, const std::function<bool()>& condition,
                unsigned limit = kLimit);
 
@@ -29,8 +30,15 @@ std::string TextOf(HWND window);
 std::string ClassOf(HWND window);
 RECT AreaOf(HWND window);  // in pixels of the screen
 
-// The visible windows of all programs, those of `process` only if it is not 0; the front one first.
+// The visible windows of a process, or of all if it is 0; the front one first.
 std::vector<HWND> TopWindows(DWORD process);
+
+// Waits for the window of such a process whose class is this one (any if it is empty) and whose
+// title has this part.
+HWND WaitForWindow(DWORD process, std::string_view windowClass, std::string_view title);
+
+// Has another program's window closed, and returns when it is gone.
+void CloseWindowOf(HWND window);
 
 // One of the program's windows with controls of fixed names.
 class Form {
@@ -39,7 +47,7 @@ class Form {
 
     HWND Window() const { return window_; }
 
-    Seen Look(std::string_view name) const;
+    Seen Look(std::string_view name) const { return Inspect(window_, name); }
     std::string Text(std::string_view name) const { return Look(name).Text; }
     bool Shows(std::string_view name) const { return Look(name).Visible; }
 
@@ -53,19 +61,19 @@ class Form {
     // Clicks a check box or an option and waits until it has the value.
     void Set(std::string_view name, bool value = true) const;
 
-    // Clicks into a text field, empties it and types with the keys of the keyboard.
+    // Replaces the text of a field: by the keyboard, or by a message, where typing is not the
+    // point. The latter waits until the program has the text.
     void Type(std::string_view name, std::string_view keys) const;
-
-    // Replaces the text of a field by pasting.
-    void Paste(std::string_view name, std::string_view text) const;
+    void Fill(std::string_view name, std::string_view text) const;
 
     // The program reads a command of the menu, as it does when the menu sends it.
     void RunMenu(std::string_view name) const;
 
-    void WaitFor(std::string_view name, const std::string& what,
-                 const std::function<bool(const Seen&)>& condition) const;
+    void WaitFor(std::string_view name, const std::function<bool(const Seen&)>& condition) const;
     void WaitForText(std::string_view name, std::string_view text) const;
     void WaitForFocus(std::string_view name) const;
+    void WaitUntilShown(std::string_view name, bool shown = true) const;
+    void WaitUntilClosed() const;
 
     // A picture of the window that shows what is wanted, as soon as there is one.
     ScreenPicture WaitForPicture(const std::function<bool(const ScreenPicture&)>& condition) const;
@@ -80,7 +88,7 @@ class Form {
 // A running program and its main window.
 class Program : public Form {
   public:
-    // Returns when the window is shown and takes the keys. The pointer is far from it.
+    // Returns when the window is seen on the screen and takes the keys. The pointer is far from it.
     explicit Program(const std::string& arguments = {});
     ~Program();
     Program(const Program&) = delete;
@@ -89,17 +97,13 @@ class Program : public Form {
     DWORD Id() const { return id_; }
     bool HasEnded() const;
     unsigned WaitForEnd() const;  // its exit status
-    void Close() const;           // by the cross of its window; returns when it has ended
+    unsigned Close() const;       // by the cross of its window; its exit status
 
     // The program stands still in between; what is sent to it meanwhile waits.
     void Pause() const;
     void Resume() const;
 
-    // The window of this class (of any with an empty text) and title, once it is shown.
-    HWND WaitForWindow(std::string_view windowClass, std::string_view title) const;
-    Form WaitForForm(std::string_view name) const { return Form(WaitForWindow(name, "")); }
-
-    // Returns when the main window is the one in front, enabled, and no other of its own is left.
+    // Returns when the main window is the one in front and enabled.
     void WaitForQuiet() const;
 
     // Clicks Compare and waits for the result.
@@ -108,7 +112,6 @@ class Program : public Form {
     // The rows of the grid that are not empty: the texts of the cells from left to right, a bar
     // between them.
     Texts Rows() const;
-    void WaitForRows(const Texts& rows) const;
     static std::string Cell(std::string_view kind, int row);
 
     // Where a picture of the screen goes when an exception ends the program before its time.

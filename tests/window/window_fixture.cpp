@@ -2,9 +2,13 @@
 
 #include <cstdlib>
 
+#include "platform/registry.h"
+
 namespace window {
 
 namespace {
+
+constexpr const char* kHistoryKey = "SOFTWARE\\SystemInfoFolderCS1993";
 
 std::string SlotKey(int slot) {
     return std::string(kHistoryKey) + "\\P" + std::to_string(slot);
@@ -17,7 +21,7 @@ void WindowTest::SetUp() {
         GTEST_SKIP() << "moves the pointer and clears the history: only in a session of its own";
     const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
     Program::PictureOfFailure = "failed-" + std::string(test.name()) + ".bmp";
-    ClearHistory();
+    ::RegDeleteTreeA(HKEY_LOCAL_MACHINE, kHistoryKey);
     Files.MakeFolder("1");
     Files.MakeFolder("2");
 }
@@ -34,25 +38,21 @@ void WindowTest::PutSmallPair() const {
     Put("2/same.txt", "same");
 }
 
+platform::win32::Handle WindowTest::Locked(std::string_view name) const {
+    platform::win32::Handle file(::CreateFileA(Files.Path(name).c_str(), GENERIC_READ, 0, nullptr,
+                                               OPEN_EXISTING, 0, nullptr));
+    EXPECT_TRUE(file.IsOpen()) << name;
+    return file;
+}
+
 std::string HistoryValue(int slot) {
-    DWORD size = 0;
-    if (::RegGetValueA(HKEY_LOCAL_MACHINE, SlotKey(slot).c_str(), nullptr, RRF_RT_REG_SZ, nullptr,
-                       nullptr, &size) != ERROR_SUCCESS)
-        return {};
-    std::string value(size, '\0');
-    ::RegGetValueA(HKEY_LOCAL_MACHINE, SlotKey(slot).c_str(), nullptr, RRF_RT_REG_SZ, nullptr,
-                   value.data(), &size);
-    return value.substr(0, value.find('\0'));
+    return platform::OpenSystemRegistry()->ReadDefault(SlotKey(slot));
 }
 
 void SetHistoryValue(int slot, const std::string& value) {
-    ASSERT_EQ(::RegSetKeyValueA(HKEY_LOCAL_MACHINE, SlotKey(slot).c_str(), nullptr, REG_SZ,
-                                value.c_str(), static_cast<DWORD>(value.size() + 1)),
-              ERROR_SUCCESS);
-}
-
-void ClearHistory() {
-    ::RegDeleteTreeA(HKEY_LOCAL_MACHINE, kHistoryKey);
+    const auto store = platform::OpenSystemRegistry();
+    store->CreateKey(SlotKey(slot));
+    store->WriteDefault(SlotKey(slot), value);
 }
 
 }  // namespace window

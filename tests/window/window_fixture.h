@@ -18,9 +18,7 @@ namespace window {
 inline const platform::FileTime kOlder = fakes::Time("2020-01-02 03:04:05 UTC");
 inline const platform::FileTime kNewer = fakes::Time("2021-02-03 04:05:06 UTC");
 
-// As the grid shows them.
-inline const std::string kOlderText = platform::FormatFileTime(kOlder);
-inline const std::string kNewerText = platform::FormatFileTime(kNewer);
+inline constexpr COLORREF kHovered = 0xFFFF80, kSelected = 0x008000;  // rows of the grid
 
 // The folders "1" and "2" in a folder of the test.
 class WindowTest : public testing::Test {
@@ -35,6 +33,9 @@ class WindowTest : public testing::Test {
     // newer in 2, and "same.txt".
     void PutSmallPair() const;
 
+    // Holds a file so that nobody else can open it.
+    platform::win32::Handle Locked(std::string_view name) const;
+
     std::string Folder1() const { return Files.Path("1"); }
     std::string Folder2() const { return Files.Path("2"); }
     // The two as a command line.
@@ -43,10 +44,8 @@ class WindowTest : public testing::Test {
     fakes::TempFolder Files;
 };
 
-// The key that holds the history of folder pairs, below HKEY_LOCAL_MACHINE.
-inline constexpr const char* kHistoryKey = "SOFTWARE\\SystemInfoFolderCS1993";
-std::string HistoryValue(int slot);  // empty when there is none
+// The history of folder pairs; an empty value where there is none.
+std::string HistoryValue(int slot);
 void SetHistoryValue(int slot, const std::string& value);
-void ClearHistory();
 
 }  // namespace window
