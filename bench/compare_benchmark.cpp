@@ -1,9 +1,5 @@
-// A comparison without the cost of files: walking and pairing, classifying, and how soon it stops.
-#include <chrono>
+// A comparison without the cost of files: walking and pairing, classifying.
 #include <cstdint>
-#include <ctime>
-#include <functional>
-#include <vector>
 
 #include <benchmark/benchmark.h>
 
@@ -98,64 +94,6 @@ void Classify(benchmark::State& state, const char* filterList) {
     state.SetItemsProcessed(kPairs * static_cast<std::int64_t>(state.iterations()));
 }
 
-using Clock = std::chrono::steady_clock;
-
-double SecondsSince(Clock::time_point start) {
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-// From the press of Stop, at a percentage of all yields, to the return of the command that was
-// stopped. The counter is the processor's part of it.
-void StopComparison(benchmark::State& state) {
-    static MeasuredWindow window({kMillion});
-    app::FormMain& form = window.Form;
-    static const long long allYields = [&] {
-        form.Command3.Click();
-        return window.Host.Yields;
-    }();
-    for (auto _ : state) {
-        Clock::time_point pressed;
-        std::clock_t busy = 0;
-        window.Host.Yields = 0;
-        window.Host.OnYield = [&, at = allYields * state.range(0) / 100](long long yield) {
-            if (yield != at) return;
-            pressed = Clock::now();
-            busy = std::clock();
-            form.Command3.Click();
-        };
-        form.Command3.Click();
-        state.SetIterationTime(SecondsSince(pressed));
-        state.counters["busy_seconds"] = static_cast<double>(std::clock() - busy) / CLOCKS_PER_SEC;
-        window.Host.OnYield = nullptr;
-        if (!form.Table.StopRequested) state.SkipWithError("not stopped");
-    }
-}
-
-// The same for a synchronisation, after so many copied files.
-void StopSync(benchmark::State& state) {
-    static MeasuredWindow window({.Pairs = kMillion, .AllNew = true});
-    app::FormMain& form = window.Form;
-    for (auto _ : state) {
-        window.Files.Reset();
-        form.Command3.Click();
-        Clock::time_point pressed;
-        std::clock_t busy = 0;
-        window.Host.OnYield = [&, isPressed = false](long long) mutable {
-            if (isPressed || window.Files.Copies < state.range(0)) return;
-            isPressed = true;
-            pressed = Clock::now();
-            busy = std::clock();
-            form.Command10.Click();
-        };
-        form.Command4.Click();
-        state.SetIterationTime(SecondsSince(pressed));
-        state.counters["busy_seconds"] = static_cast<double>(std::clock() - busy) / CLOCKS_PER_SEC;
-        window.Host.OnYield = nullptr;
-        if (compare::CompareTable::Count(form.Table.SyncAllList) != state.range(0))
-            state.SkipWithError("not stopped");
-    }
-}
-
 }  // namespace
 
 BENCHMARK_CAPTURE(Scan, normal, Shape{})
@@ -180,22 +118,3 @@ BENCHMARK(Compare)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Classify, no_filter, "");
 BENCHMARK_CAPTURE(Classify, with_filter, "/txt/jpg/html");
-BENCHMARK(StopComparison)
-    ->ArgName("percent")
-    ->Arg(1)
-    ->Arg(20)
-    ->Arg(50)
-    ->Arg(80)
-    ->Arg(99)
-    ->Iterations(1)
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK(StopSync)
-    ->ArgName("copied")
-    ->Arg(1'000)
-    ->Arg(10'000)
-    ->Arg(100'000)
-    ->Arg(500'000)
-    ->Iterations(1)
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);

@@ -18,8 +18,6 @@ SINGLE = (("Classify/no_filter", "a pair classified"),
           ("PrintRow/json", "a row as json"),
           ("PrintRow/text_to_terminal", "a row as text to a terminal"),
           ("DoEvents", "a yield without a window"))
-STOPS = (("StopComparison/percent:", "comparison, {} % done"),
-         ("StopSync/copied:", "synchronisation, {} files copied"))
 SIZES = (10_000, 100_000, 1_000_000)
 NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
 
@@ -76,21 +74,6 @@ def growth_tables(found):
     yield head, rows
 
 
-def stop_tables(found):
-    rows = []
-    for prefix, meaning in STOPS:
-        points = sorted(int(name[len(prefix):]) for name in found if name.startswith(prefix))
-        for point in points:
-            runs = found[f"{prefix}{point}"]
-            times = [run["real_time"] * NANOSECONDS[run["time_unit"]] / 1e6 for run in runs]
-            busy = statistics.median(run["busy_seconds"] for run in runs) * 1e3
-            rows.append([meaning.format(f"{point:,}"),
-                         f"{statistics.median(times):.1f}", f"{max(times):.1f}", f"{busy:.1f}",
-                         "<= 50"])
-    yield ["Stop with 1,000,000 pairs in memory, ms", "until the return, median", "worst",
-           "processor, median", "goal"], rows
-
-
 def single_tables(found):
     yield ["other", "ns"], [[meaning, f"{median(found[name]):.1f}"] for name, meaning in SINGLE]
 
@@ -98,5 +81,5 @@ def single_tables(found):
 def tables(output):
     """Gives heads and rows."""
     found = read(output)
-    for make in (row_tables, growth_tables, stop_tables, single_tables):
+    for make in (row_tables, growth_tables, single_tables):
         yield from make(found)
