@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <optional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,213 +13,145 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct Floor {
-    int Height;
-    std::string_view Start;  // of the file's path below src/, without its ending
+using Starts = std::vector<std::string_view>;  // of paths below src/
+
+// From the lowest floor up. A file includes files of lower floors only, besides its own header. A
+// folder stands for its own files, not for those of its folders.
+const std::vector<Starts> kFloors = {
+    {"platform/"},
+    {"platform/posix/", "platform/win32/", "platform/headless/", "rules/file_filter.",
+     "compare/compare_table."},
+    {"compare/file_pair.", "compare/scanned_tree.", "sync/file_operations.", "sync/sync_refresh."},
+    {"compare/pair_classification.", "compare/folder_scanner.", "sync/transfer_workers.",
+     "grid/grid_page."},
+    {"compare/compare_command.", "grid/grid_views.", "grid/category_labels.",
+     "rules/row_direction.", "rules/filter_dialog.", "reports/export_lists."},
+    {"sync/sync_commands."},
+    {"app/profiles.", "app/companion_jobs.", "app/deferred_registry.", "app/dialogs_until_closing.",
+     "app/cli_options."},
+    {"app/form_main.h"},
+    {"app/layout.", "app/menus.", "app/cli_rows."},
+    {"app/form_main.cpp", "app/cli_session."},
+    {"app/cli."},
+    {"app/main_"},
 };
 
-// The longest fitting entry counts. A file includes files of lower floors only, besides its own
-// header.
-constexpr Floor kFloors[] = {
-    {1, "platform/"},
-    {2, "platform/posix/"},
-    {2, "platform/win32/"},
-    {2, "platform/headless/"},
-    {2, "rules/file_filter"},
-    {2, "compare/compare_table"},
-    {3, "compare/file_pair"},
-    {3, "compare/scanned_tree"},
-    {3, "sync/file_operations"},
-    {4, "compare/pair_classification"},
-    {4, "compare/folder_scanner"},
-    {4, "sync/transfer_workers"},
-    {4, "grid/grid_page"},
-    {5, "compare/compare_command"},
-    {5, "grid/grid_views"},
-    {5, "grid/category_labels"},
-    {5, "rules/row_direction"},
-    {5, "rules/filter_dialog"},
-    {5, "reports/export_lists"},
-    {5, "sync/sync_refresh"},
-    {6, "sync/sync_commands"},
-    {7, "app/profiles"},
-    {7, "app/companion_jobs"},
-    {7, "app/deferred_registry"},
-    {7, "app/cli_options"},
-    {8, "app/form_main.h"},
-    {9, "app/layout"},
-    {9, "app/menus"},
-    {9, "app/cli_rows"},
-    {10, "app/form_main.cpp"},
-    {10, "app/cli_session"},
-    {11, "app/cli."},
-    {12, "app/main_"},
-};
-
-// A line "# include <x>": its first word and the rest.
-struct Directive {
-    std::string Word;
-    std::string Rest;
-
-    bool IsInclude(char open) const { return Word == "include" && Rest.starts_with(open); }
-    // "x" of "<x>" or of its like.
-    std::string Included() const { return Rest.substr(1, Rest.find_first_of(">\"", 1) - 1); }
-};
-
-bool AsksForSystem(const Directive& directive) {
-    if (directive.Word.find("if") == std::string::npos) return false;
-    const char* const names[] = {"WIN32", "WIN64", "linux",  "unix",
-                                 "APPLE", "MINGW", "CYGWIN", "_MSC_VER"};
-    return std::any_of(std::begin(names), std::end(names), [&](const char* name) {
-        return directive.Rest.find(name) != std::string::npos;
-    });
+bool StartsWithAny(std::string_view text, const Starts& starts) {
+    return std::any_of(starts.begin(), starts.end(),
+                       [text](std::string_view start) { return text.starts_with(start); });
 }
 
-bool IncludesWindows(const Directive& directive) {
-    return directive.IsInclude('<') &&
-           (directive.Included() == "windows.h" || directive.Included() == "Windows.h");
+constexpr int kNoFloor = -1;
+
+int FloorOf(std::string_view path) {
+    for (std::size_t floor = 0; floor < kFloors.size(); ++floor)
+        for (const std::string_view start : kFloors[floor])
+            if (path.starts_with(start) && path.find('/', start.size()) == path.npos)
+                return static_cast<int>(floor);
+    return kNoFloor;
 }
 
-bool IncludesPosix(const Directive& directive) {
-    if (!directive.IsInclude('<')) return false;
-    const std::string header = directive.Included();
-    const char* const headers[] = {"unistd.h", "fcntl.h", "dirent.h", "signal.h", "pthread.h"};
-    return header.starts_with("sys/") || header.starts_with("linux/") ||
-           std::find(std::begin(headers), std::end(headers), header) != std::end(headers);
+// A directive is a line without its blanks: "#include<windows.h>".
+bool AsksForSystem(std::string_view directive) {
+    const Starts names = {"WIN32", "WIN64", "linux",  "unix",
+                          "APPLE", "MINGW", "CYGWIN", "_MSC_VER"};
+    return StartsWithAny(directive, {"#if", "#elif", "#endif"}) &&
+           std::any_of(names.begin(), names.end(), [directive](std::string_view name) {
+               return directive.find(name) != directive.npos;
+           });
+}
+
+bool IncludesWindows(std::string_view directive) {
+    return StartsWithAny(directive, {"#include<windows.h>", "#include<Windows.h>"});
+}
+
+bool IncludesPosix(std::string_view directive) {
+    return StartsWithAny(
+        directive, {"#include<sys/", "#include<linux/", "#include<unistd.h>", "#include<fcntl.h>",
+                    "#include<dirent.h>", "#include<signal.h>", "#include<pthread.h>"});
 }
 
 // What only some files may do.
-struct Privilege {
+const struct {
     std::string_view What;
-    bool (*Uses)(const Directive&);
-    std::vector<std::string_view> Starts;
-};
-
-const Privilege kPrivileges[] = {
+    bool (*Uses)(std::string_view directive);
+    Starts Allowed;
+} kPrivileges[] = {
     {"asks which system it is compiled for", AsksForSystem, {"platform/", "app/main_"}},
     {"includes <windows.h>", IncludesWindows, {"platform/win32/", "app/main_window.cpp"}},
     {"includes a header of POSIX", IncludesPosix, {"platform/posix/", "app/main_"}},
 };
 
-bool StartsWithAny(std::string_view path, const std::vector<std::string_view>& starts) {
-    return std::any_of(starts.begin(), starts.end(),
-                       [path](std::string_view start) { return path.starts_with(start); });
+std::string_view FolderOf(std::string_view path) {
+    return path.substr(0, path.rfind('/') + 1);
 }
 
-std::optional<int> FloorOf(std::string_view path) {
-    const Floor* found = nullptr;
-    for (const Floor& floor : kFloors) {
-        const std::string_view rest = path.substr(std::min(floor.Start.size(), path.size()));
-        // A folder's own files, not those of its folders; an entry without an ending has both.
-        const bool fits = path.starts_with(floor.Start) && rest.find('/') == rest.npos &&
-                          (floor.Start.ends_with('/') || floor.Start.ends_with('_') ||
-                           floor.Start.find('.') != floor.Start.npos || rest.starts_with('.'));
-        if (fits && (!found || floor.Start.size() > found->Start.size())) found = &floor;
-    }
-    return found ? std::optional(found->Height) : std::nullopt;
-}
-
-std::string WithoutEnding(std::string_view path) {
-    return std::string(path.substr(0, path.rfind('.')));
-}
-
-std::string FolderOf(std::string_view path) {
-    return std::string(path.substr(0, path.rfind('/') + 1));
-}
-
-bool IsImplementationOfPlatform(std::string_view path) {
-    return StartsWithAny(path, {"platform/posix/", "platform/win32/", "platform/headless/"});
-}
-
-bool MayInclude(const std::string& from, const std::string& to) {
-    const std::string fromFolder = FolderOf(from);
-    const std::string toFolder = FolderOf(to);
-    if (WithoutEnding(from) == WithoutEnding(to)) return true;
+bool MayInclude(std::string_view from, std::string_view to) {
+    const std::string_view fromFolder = FolderOf(from), toFolder = FolderOf(to);
+    if (from.substr(0, from.rfind('.')) == to.substr(0, to.rfind('.'))) return true;
     if (fromFolder == "platform/") return toFolder == "platform/";
-    if (IsImplementationOfPlatform(from)) return toFolder == fromFolder || toFolder == "platform/";
+    if (fromFolder.starts_with("platform/"))
+        return toFolder == fromFolder || toFolder == "platform/";
     if (toFolder == "app/" && fromFolder != "app/") return false;
-    if (fromFolder == "compare/" && toFolder != "compare/" && toFolder != "platform/" &&
-        to != "rules/file_filter.h")
+    if (fromFolder == "compare/" &&
+        !StartsWithAny(to, {"compare/", "platform/", "rules/file_filter.h"}))
         return false;
     // One system's own files are known to the main programs alone.
     if (StartsWithAny(to, {"platform/posix/", "platform/win32/"}) && !from.starts_with("app/main_"))
         return false;
     if (toFolder == "platform/headless/" && fromFolder != "app/") return false;
-    return FloorOf(from) && FloorOf(to) && *FloorOf(to) < *FloorOf(from);
+    return FloorOf(to) != kNoFloor && FloorOf(to) < FloorOf(from);
 }
 
-struct Source {
-    std::string Path;  // below src/, with "/"
-    std::vector<Directive> Directives;
+using Directives = std::vector<std::string>;
 
-    std::vector<std::string> Includes() const {
-        std::vector<std::string> includes;
-        for (const Directive& directive : Directives)
-            if (directive.IsInclude('"')) includes.push_back(directive.Included());
-        return includes;
-    }
-};
-
-std::vector<Directive> ReadDirectives(const fs::path& path) {
-    std::vector<Directive> directives;
-    std::ifstream file(path);
-    for (std::string line; std::getline(file, line);) {
-        std::size_t at = line.find_first_not_of(" \t");
-        if (at == line.npos || line[at] != '#') continue;
-        at = line.find_first_not_of(" \t", at + 1);
-        if (at == line.npos) continue;
-        const std::size_t end = std::min(line.find_first_of(" \t<\"", at), line.size());
-        const std::size_t rest = std::min(line.find_first_not_of(" \t", end), line.size());
-        directives.push_back({line.substr(at, end - at), line.substr(rest)});
-    }
-    return directives;
-}
-
-std::vector<Source> ReadSources() {
+// By their paths below src/, with "/".
+std::map<std::string, Directives> ReadSources() {
     const fs::path root = fs::path(VARNEL_SOURCE_DIR) / "src";
-    std::vector<Source> sources;
+    std::map<std::string, Directives> sources;
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(root)) {
-        const std::string ending = entry.path().extension().string();
-        if (ending != ".h" && ending != ".cpp") continue;
-        sources.push_back(
-            {entry.path().lexically_relative(root).generic_string(), ReadDirectives(entry.path())});
+        if (entry.path().extension() != ".h" && entry.path().extension() != ".cpp") continue;
+        Directives& directives = sources[entry.path().lexically_relative(root).generic_string()];
+        std::ifstream file(entry.path());
+        for (std::string line; std::getline(file, line);) {
+            std::erase_if(line, [](char c) { return c == ' ' || c == '\t'; });
+            if (line.starts_with('#')) directives.push_back(line);
+        }
     }
     return sources;
 }
 
-const std::vector<Source>& Sources() {
-    static const std::vector<Source> sources = ReadSources();
-    return sources;
+const std::map<std::string, Directives> kSources = ReadSources();
+
+Directives IncludesOf(const std::string& path) {
+    constexpr std::string_view kInclude = "#include\"";
+    Directives includes;
+    for (const std::string& directive : kSources.at(path))
+        if (directive.starts_with(kInclude))
+            includes.push_back(directive.substr(
+                kInclude.size(), directive.find('"', kInclude.size()) - kInclude.size()));
+    return includes;
 }
 
-TEST(Architecture, EveryFileHasAFloor) {
-    ASSERT_GT(Sources().size(), 80u);
-    for (const Source& source : Sources()) EXPECT_TRUE(FloorOf(source.Path)) << source.Path;
-}
-
-TEST(Architecture, AFileIncludesLowerFloorsAlone) {
-    for (const Source& source : Sources())
-        for (const std::string& include : source.Includes()) {
-            EXPECT_TRUE(MayInclude(source.Path, include)) << source.Path << " includes " << include;
-            EXPECT_TRUE(std::any_of(Sources().begin(), Sources().end(),
-                                    [&](const Source& other) { return other.Path == include; }))
-                << source.Path << " includes " << include << ", which is no file below src/";
+TEST(Architecture, AFileHasAFloorAndIncludesLowerFloorsAlone) {
+    ASSERT_GT(kSources.size(), 80u);
+    for (const auto& [path, directives] : kSources) {
+        EXPECT_NE(FloorOf(path), kNoFloor) << path;
+        for (const std::string& include : IncludesOf(path)) {
+            EXPECT_TRUE(MayInclude(path, include)) << path << " includes " << include;
+            EXPECT_TRUE(kSources.contains(include)) << path << ": no file below src/: " << include;
         }
+    }
 }
 
 // A platform implementation's files may include each other, but not in circles.
 TEST(Architecture, NoHeaderIncludesItselfByAnyWay) {
-    const auto includesOf = [](const std::string& path) {
-        for (const Source& source : Sources())
-            if (source.Path == path) return source.Includes();
-        return std::vector<std::string>();
-    };
-    for (const Source& source : Sources()) {
-        if (!source.Path.ends_with(".h")) continue;
-        std::vector<std::string> reached = includesOf(source.Path);
+    for (const auto& [path, directives] : kSources) {
+        if (!path.ends_with(".h")) continue;
+        Directives reached = IncludesOf(path);
         for (std::size_t i = 0; i < reached.size(); ++i) {
-            EXPECT_NE(reached[i], source.Path);
-            for (const std::string& next : includesOf(reached[i]))
+            EXPECT_NE(reached[i], path);
+            for (const std::string& next : IncludesOf(reached[i]))
                 if (std::find(reached.begin(), reached.end(), next) == reached.end())
                     reached.push_back(next);
         }
@@ -227,25 +159,20 @@ TEST(Architecture, NoHeaderIncludesItselfByAnyWay) {
 }
 
 TEST(Architecture, WhatIsOfOneSystemStandsInItsPlace) {
-    for (const Privilege& privilege : kPrivileges) {
-        for (const Source& source : Sources()) {
-            if (StartsWithAny(source.Path, privilege.Starts)) continue;
-            for (const Directive& directive : source.Directives)
-                EXPECT_FALSE(privilege.Uses(directive))
-                    << source.Path << ' ' << privilege.What << ": " << directive.Rest;
-        }
-    }
+    for (const auto& privilege : kPrivileges)
+        for (const auto& [path, directives] : kSources)
+            for (const std::string& directive : directives)
+                EXPECT_TRUE(!privilege.Uses(directive) || StartsWithAny(path, privilege.Allowed))
+                    << path << ' ' << privilege.What << ": " << directive;
 }
 
 // The rule itself, on includes that do not exist.
 TEST(Architecture, TheRuleTellsRightFromWrong) {
-    struct Case {
+    const struct {
         const char* From;
         const char* To;
         bool May;
-    };
-    const Case cases[] = {
-        {"platform/paths.cpp", "platform/paths.h", true},
+    } cases[] = {
         {"platform/dialogs.h", "platform/forms.h", true},
         {"platform/files.h", "compare/compare_table.h", false},
         {"platform/files.h", "platform/posix/copy.h", false},
@@ -256,23 +183,18 @@ TEST(Architecture, TheRuleTellsRightFromWrong) {
         {"compare/compare_command.cpp", "compare/folder_scanner.h", true},
         {"compare/folder_scanner.h", "compare/compare_command.h", false},
         {"grid/grid_page.h", "grid/grid_views.h", false},
-        {"sync/sync_refresh.cpp", "app/profiles.h", false},
-        {"sync/sync_refresh.cpp", "platform/headless/headless_host.h", false},
+        {"sync/sync_commands.cpp", "platform/headless/headless_host.h", false},
         {"app/form_main.h", "app/form_main.cpp", true},
-        {"app/layout.h", "app/form_main.h", true},
         {"app/form_main.h", "app/layout.h", false},
-        {"app/cli_rows.h", "app/cli.h", false},
         {"app/cli.cpp", "platform/posix/copy.h", false},
         {"app/main_window.cpp", "platform/win32/host.h", true},
     };
-    for (const Case& c : cases) EXPECT_EQ(MayInclude(c.From, c.To), c.May) << c.From << c.To;
-    EXPECT_TRUE(AsksForSystem({"ifdef", "_WIN32"}) &&
-                AsksForSystem({"elif", "defined(__linux__)"}));
-    EXPECT_FALSE(AsksForSystem({"ifdef", "NDEBUG"}) || AsksForSystem({"include", "<linux/fs.h>"}));
-    EXPECT_TRUE(IncludesWindows({"include", "<windows.h>"}));
-    EXPECT_TRUE(IncludesPosix({"include", "<sys/stat.h>  // for us"}));
+    for (const auto& c : cases) EXPECT_EQ(MayInclude(c.From, c.To), c.May) << c.From << c.To;
+    EXPECT_TRUE(AsksForSystem("#ifdef_WIN32") && AsksForSystem("#elifdefined(__linux__)"));
+    EXPECT_FALSE(AsksForSystem("#ifdefNDEBUG") || AsksForSystem("#include<linux/fs.h>"));
+    EXPECT_TRUE(IncludesWindows("#include<windows.h>") && IncludesPosix("#include<sys/stat.h>//"));
     for (const char* path : {"tools/a.h", "grid/new_file.h", "platform/macos/files.cpp", "app/x.h"})
-        EXPECT_FALSE(FloorOf(path)) << path;
+        EXPECT_EQ(FloorOf(path), kNoFloor) << path;
 }
 
 }  // namespace
