@@ -71,9 +71,12 @@ std::optional<Category> CategoryOfView(std::string_view viewCode) {
 SyncCommands::SyncCommands(SyncPanel& panel, Parts parts)
     : panel_(panel),
       parts_(std::move(parts)),
-      refresh_(parts_.Table, parts_.Files, parts_.Tallies),
-      workers_({parts_.Table, parts_.Host, parts_.Files, parts_.Filter, panel, refresh_,
-                parts_.lblComparing, parts_.Tallies.LabelAllFile}) {
+      workers_({parts_.Table, parts_.Host, parts_.Files, parts_.Filter, panel, parts_.lblComparing,
+                parts_.Tallies.LabelAllFile,
+                [this](const compare::CompareItem& item, bool copied) {
+                    refresh_.Examine(item, copied);
+                }}),
+      refresh_(parts_.Table, parts_.Files, parts_.Tallies) {
     ShowIdleButtons();
     const auto wire = [this](platform::Button& button, Mode mode) {
         button.OnPointerMove = [this, mode](platform::PointerPosition) { ShowTip(mode); };
@@ -119,6 +122,7 @@ void SyncCommands::SayNothingToDo(Mode mode, Category category) {
 }
 
 void SyncCommands::Work(Mode mode, Category category) {
+    refresh_.Begin();
     workers_.Run(mode, category, parts_.Owner.Root1(), parts_.Owner.Root2());
     parts_.Table.BuildNewChgList();
     refresh_.Finish();

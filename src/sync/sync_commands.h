@@ -70,8 +70,8 @@ class SyncCommands {
 
     SyncPanel& panel_;
     Parts parts_;
-    SyncRefresh refresh_;
     TransferWorkers workers_;
+    SyncRefresh refresh_;
     std::string syncMode_;
 };
 

@@ -34,7 +34,6 @@ void TransferWorkers::Run(SyncMode mode, Category category, const std::string& r
                           const std::string& root2) {
     compare::CompareTable& table = parts_.Table;
     table.StopRequested = false;
-    parts_.Refresh.Begin();
     for (platform::Button* button :
          {&parts_.Panel.Command4, &parts_.Panel.Command5, &parts_.Panel.Command6})
         button->SetVisible(false);
@@ -53,7 +52,7 @@ void TransferWorkers::Run(SyncMode mode, Category category, const std::string& r
         if (ActsOn(mode, category, list[i].Code)) {
             --pending;
             parts_.lblComparing.SetCaption(std::to_string(pending));
-            parts_.Refresh.Examine(list[i], Transfer(list[i], root1, root2));
+            parts_.Handled(list[i], Transfer(list[i], root1, root2));
         }
         parts_.Host.DoEvents();
     }

@@ -2,14 +2,15 @@
 // what each row's Code and the mode call for.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "compare/compare_table.h"
 #include "platform/files.h"
 #include "platform/forms.h"
 #include "rules/file_filter.h"
 #include "sync/file_operations.h"
-#include "sync/sync_refresh.h"
 
 namespace syncing {
 
@@ -36,18 +37,18 @@ class TransferWorkers {
         platform::FileSystem& Files;
         const rules::FileFilter& Filter;
         SyncPanel& Panel;
-        SyncRefresh& Refresh;
         platform::Label& lblComparing;
         platform::Label& LabelAllFile;
+        // Called for each row that was acted on, with the code that was used.
+        std::function<void(const compare::CompareItem& item, bool copied)> Handled;
     };
 
     explicit TransferWorkers(Parts parts)
-        : parts_(parts), operations_(parts.Files, parts.Host, parts.Filter) {}
+        : parts_(std::move(parts)), operations_(parts_.Files, parts_.Host, parts_.Filter) {}
 
     // Runs one worker over its category's list. The roots end in a separator. Lowers the
-    // PendingCount of the mode and category by one for every row that it acts on and hands the row
-    // to the refresh, with the code that it used. A stop ends it before the next row. A target that
-    // is no longer what its row shows is left alone.
+    // PendingCount of the mode and category by one for every row that it acts on. A stop ends it
+    // before the next row. A target that is no longer what its row shows is left alone.
     void Run(compare::SyncMode mode, compare::Category category, const std::string& root1,
              const std::string& root2);
 
