@@ -5,6 +5,7 @@
 #include "app/companion_jobs.h"
 #include "app/layout.h"
 #include "platform/paths.h"
+#include "platform/trimmed.h"
 
 namespace app {
 
@@ -12,15 +13,9 @@ namespace {
 
 const std::string kTitle(kApplicationTitle);
 
-std::string Trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
-}
-
 // A shortcut puts a path with blanks between quotes; no path holds one.
 std::string Unquoted(std::string_view part) {
-    std::string text = Trimmed(part);
+    std::string text = platform::Trimmed(part);
     if (text.size() >= 2 && text.front() == '"' && text.back() == '"')
         text = text.substr(1, text.size() - 2);
     return text;
@@ -132,7 +127,7 @@ void FormMain::WirePointer() {
                                  const platform::ComboBox& combo) {
         button.SetVisible(false);
         image.OnPointerMove = [&button, &combo](platform::PointerPosition) {
-            if (Trimmed(combo.Text()).empty()) return;
+            if (platform::Trimmed(combo.Text()).empty()) return;
             button.SetVisible(true);
             button.BringToFront();
         };
@@ -245,8 +240,8 @@ platform::Label& FormMain::DirectionCell(int row) {
 void FormMain::EditFileFilter() {
     FilterDialog.Edit(Window);
     DescribeFileFilter();
-    profiles_.SaveProfile(Trimmed(Combo1.Text()), Trimmed(Combo2.Text()), Filter.FilterExtensions,
-                          FilterFlagText(Filter.FilterOnlyMode));
+    profiles_.SaveProfile(platform::Trimmed(Combo1.Text()), platform::Trimmed(Combo2.Text()),
+                          Filter.FilterExtensions, FilterFlagText(Filter.FilterOnlyMode));
 }
 
 // Both pickers ask for Folder 1; the wording is kept.

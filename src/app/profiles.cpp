@@ -4,18 +4,14 @@
 #include <charconv>
 #include <utility>
 
+#include "platform/trimmed.h"
+
 namespace app {
 
 namespace {
 
 std::string SlotKey(int slot) {
     return std::string(kProfilesKey) + "\\P" + std::to_string(slot);
-}
-
-std::string Trimmed(const std::string& text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 std::string Joined(const std::string& folder1, const std::string& folder2) {
@@ -74,7 +70,7 @@ std::int16_t FilterFlagOf(std::string_view text) {
 Profiles::Profiles(Parts parts) : parts_(std::move(parts)), slotFilters_(kProfileSlots) {}
 
 std::string Profiles::ReadProfileValue(int slot) {
-    return Trimmed(parts_.Registry.ReadDefault(SlotKey(slot)));
+    return platform::Trimmed(parts_.Registry.ReadDefault(SlotKey(slot)));
 }
 
 void Profiles::WriteProfileValue(const std::string& value, int slot) {

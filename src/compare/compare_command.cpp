@@ -3,18 +3,9 @@
 #include <utility>
 
 #include "platform/paths.h"
+#include "platform/trimmed.h"
 
 namespace compare {
-
-namespace {
-
-std::string Trimmed(const std::string& text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
-}  // namespace
 
 // Hands what a walk finds to the rule of its side.
 class CompareCommand::Classify : public PairVisitor {
@@ -48,8 +39,8 @@ void CompareCommand::Compare() {
     SetCaptionAndYield(panel_.Command3, "Stop");
 
     // Read once: what is typed into the boxes meanwhile belongs to the next comparison.
-    const std::string folder1 = Trimmed(parts_.Owner.FolderText1());
-    const std::string folder2 = Trimmed(parts_.Owner.FolderText2());
+    const std::string folder1 = platform::Trimmed(parts_.Owner.FolderText1());
+    const std::string folder2 = platform::Trimmed(parts_.Owner.FolderText2());
     if (!Validate(folder1, folder2)) {
         panel_.Command3.SetCaption("Compare");
         return;

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/trimmed.h"
+
 namespace reports {
 
 namespace {
@@ -53,12 +55,6 @@ constexpr Section kModified2{"Modified files in folder 2 :  ", " modified files 
                              &CompareTable::ChgList, &CompareItem::AppendPath2, nullptr};
 constexpr Section kSame{"Same files in folder 1 / folder 2 :  ", " same files.",
                         &CompareTable::SameList, &CompareItem::AppendPath1, nullptr};
-
-std::string Trimmed(const std::string& text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 struct CloseFile {
     void operator()(std::FILE* file) const { std::fclose(file); }
@@ -218,14 +214,14 @@ bool ExportLists::Write(ReportKind kind, const std::string& fileName) {
 }
 
 std::string ExportLists::AskExportFileName() {
-    return Trimmed(parts_.Dialogs.AskSaveName({"Export file name to a text file",
-                                               {{"Text Files (*.txt)", "*.txt"}},
-                                               ExportKind + "Files",
-                                               "txt"}));
+    return platform::Trimmed(parts_.Dialogs.AskSaveName({"Export file name to a text file",
+                                                         {{"Text Files (*.txt)", "*.txt"}},
+                                                         ExportKind + "Files",
+                                                         "txt"}));
 }
 
 std::string ExportLists::AskTextFileName() {
-    return Trimmed(
+    return platform::Trimmed(
         parts_.Dialogs.AskOpenName({"Select a text file",
                                     {{"Text Files (*.txt)", "*.txt"}, {"All Files (*.*)", "*.*"}},
                                     {},
