@@ -39,7 +39,6 @@ TEST(ExtendedPathTest, IsWholeAndLiteral) {
         const wchar_t* Plain;
     } cases[] = {
         {"C:\\", L"\\\\?\\C:\\", L"C:\\"},
-        {"C:\\a\\", L"\\\\?\\C:\\a", L"C:\\a"},
         {"C:/a//b/./c/../d", L"\\\\?\\C:\\a\\b\\d", L"C:\\a\\b\\d"},
         {"C:\\..\\..\\a", L"\\\\?\\C:\\a", L"C:\\a"},
         {"C:\\a. \\b. ", L"\\\\?\\C:\\a. \\b. ", L"C:\\a. \\b. "},
@@ -59,11 +58,13 @@ TEST_F(WindowsFilesTest, NamesThatDifferInCaseAreOne) {
     temp_.WriteFile("Größe.TXT", "12345");
     temp_.WriteFile("source", "new");
     EXPECT_EQ(files_.Look(temp_.Path("GRÖßE.Txt")).Size, 5);
-    EXPECT_FALSE(files_.Look(temp_.Path("GRÖSSE.txt")).Exists());
     EXPECT_TRUE(Copy("source", "GRÖßE.txt").Ok());
     EXPECT_EQ(temp_.Read("Größe.TXT"), "new");
-    EXPECT_EQ(temp_.Names().size(), 2u);
     EXPECT_FALSE(Copy("source", "SOURCE").Ok()) << "the source itself";
+    ASSERT_TRUE(
+        ::CreateHardLinkW(SystemPath("other").c_str(), SystemPath("source").c_str(), nullptr));
+    EXPECT_FALSE(Copy("source", "other").Ok()) << "another name of it";
+    EXPECT_EQ(temp_.Names(), (Names{"Größe.TXT", "other", "source"}));
 }
 
 // The shell would drop the ends of these names, or take them for devices. The paths that are about
@@ -83,46 +84,39 @@ TEST_F(WindowsFilesTest, NamesAreTakenLiterally) {
 }
 
 TEST_F(WindowsFilesTest, AFileOpenElsewhereStaysAsItIs) {
-    temp_.WriteFile("source", "new");
-    temp_.WriteFile("target", "old");
-    temp_.WriteFile(".varnel~0123abcd", "of a copy that is running");
+    for (const char* name : {"source", "target", ".varnel~0123abcd"}) temp_.WriteFile(name, name);
     {
         const auto target = Locked("target");
-        const Outcome outcome = Copy("source", "target");
-        EXPECT_FALSE(outcome.Ok());
-        EXPECT_NE(outcome.Reason, "");
-        EXPECT_EQ(files_.Look(temp_.Path("target")).Size, 3) << "it can be looked at";
+        EXPECT_NE(Copy("source", "target").Reason, "");
+        EXPECT_EQ(files_.Look(temp_.Path("target")).Size, 6) << "it can be looked at";
         EXPECT_FALSE(files_.RemoveFile(temp_.Path("target")).Ok());
         const auto source = Locked("source");
         EXPECT_FALSE(Copy("source", "fresh").Ok());
-        const auto temporary = Locked(".varnel~0123abcd");
+        const auto leftover = Locked(".varnel~0123abcd");  // of a copy that is running
         files_.RemoveLeftover(temp_.Path(".varnel~0123abcd"));
     }
     EXPECT_EQ(temp_.Names(), (Names{".varnel~0123abcd", "source", "target"}));
-    EXPECT_EQ(temp_.Read("target"), "old");
-    EXPECT_TRUE(Copy("source", "target").Ok()) << "released";
+    EXPECT_EQ(temp_.Read("target"), "target");
     temp_.SetReadOnly(".varnel~0123abcd", true);
     files_.RemoveLeftover(temp_.Path(".varnel~0123abcd"));
     EXPECT_FALSE(temp_.Exists(".varnel~0123abcd"));
 }
 
 TEST_F(WindowsFilesTest, AttributesAreKeptAndAReadOnlyTargetIsRefused) {
-    for (const DWORD attributes : {DWORD{FILE_ATTRIBUTE_HIDDEN}, DWORD{FILE_ATTRIBUTE_READONLY},
-                                   DWORD{FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_HIDDEN}}) {
+    for (const DWORD attributes :
+         {DWORD{FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_HIDDEN}, DWORD{FILE_ATTRIBUTE_READONLY}}) {
         temp_.WriteFile("source", "content");
         ::SetFileAttributesW(SystemPath("source").c_str(), attributes);
         EXPECT_TRUE(Copy("source", "target").Ok()) << attributes;
         const DWORD kept = ::GetFileAttributesW(SystemPath("target").c_str());
         EXPECT_EQ(kept & ~DWORD{FILE_ATTRIBUTE_ARCHIVE}, attributes);
-        for (const char* name : {"source", "target"})
-            EXPECT_TRUE(files_.RemoveFile(temp_.Path(name)).Ok());
+        EXPECT_TRUE(files_.RemoveFile(temp_.Path("source")).Ok());
     }
     temp_.WriteFile("source", "new");
-    temp_.WriteFile("target", "old");
-    temp_.SetReadOnly("target", true);
     EXPECT_FALSE(Copy("source", "target").Ok());
-    EXPECT_EQ(temp_.Read("target"), "old");
+    EXPECT_EQ(temp_.Read("target"), "content");
     EXPECT_EQ(temp_.Names(), (Names{"source", "target"}));
+    EXPECT_TRUE(files_.RemoveFile(temp_.Path("target")).Ok());
 }
 
 TEST_F(WindowsFilesTest, WildcardsAndCompanionsAreNotCopied) {
@@ -135,14 +129,6 @@ TEST_F(WindowsFilesTest, WildcardsAndCompanionsAreNotCopied) {
     EXPECT_TRUE(Copy("page.htm", "out/page.htm").Ok());
     EXPECT_EQ(temp_.Names("out"), (Names{"page.htm", "target"}));
     EXPECT_EQ(temp_.Read("out/target"), "out/target");
-}
-
-TEST_F(WindowsFilesTest, AnotherNameOfTheSourceIsTheSource) {
-    temp_.WriteFile("source", "content");
-    if (!::CreateHardLinkW(SystemPath("other").c_str(), SystemPath("source").c_str(), nullptr))
-        GTEST_SKIP() << "no hard links here";
-    EXPECT_FALSE(Copy("source", "other").Ok());
-    EXPECT_EQ(temp_.Names(), (Names{"other", "source"}));
 }
 
 TEST_F(WindowsFilesTest, LinksToFoldersAreFollowedAndKnownAsLinks) {
@@ -159,10 +145,7 @@ TEST_F(WindowsFilesTest, LinksToFoldersAreFollowedAndKnownAsLinks) {
     ASSERT_TRUE(folder->List(names, listing).Ok());
     for (const auto& entry : listing.Entries)
         EXPECT_EQ(entry.Kind == platform::EntryKind::Link, entry.Text() == "up") << entry.Name;
-    EXPECT_TRUE(folder->IsFolder("up"));
-    const auto up = folder->Open("up", outcome);
-    ASSERT_TRUE(up);
-    EXPECT_EQ(up->Identity(), root->Identity());
+    EXPECT_EQ(folder->Open("up", outcome)->Identity(), root->Identity());
 }
 
 TEST_F(WindowsFilesTest, MissingDrivesAndSharesAreFailures) {
@@ -174,7 +157,6 @@ TEST_F(WindowsFilesTest, MissingDrivesAndSharesAreFailures) {
         EXPECT_FALSE(files_.CopyOver(path, temp_.Path("x"), [] {}).Ok()) << path;
     }
     EXPECT_TRUE(files_.FolderExists("C:\\"));
-    EXPECT_TRUE(files_.FolderExists("c:/"));
     EXPECT_TRUE(temp_.Names().empty());
 }
 
