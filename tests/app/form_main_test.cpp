@@ -41,6 +41,7 @@ TEST_F(FormMainTest, TheCommandLineGoesBeforeTheHistory) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.CommandLine);
         form.Filter = {};
+        form.Combo1.ClearEntries();
         form.Load(c.CommandLine);
         EXPECT_EQ((Texts{form.Combo1.Text(), form.Combo2.Text()}), c.Folders);
         EXPECT_EQ(form.Combo1.Entries(), Texts{"/h1"});

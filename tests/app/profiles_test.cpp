@@ -82,7 +82,7 @@ TEST_F(ProfilesTest, PickingRestoresThePairAndItsFilter) {
     Load({});
     profiles.PickFirstProfile();
     EXPECT_EQ(form.Combo1.Text(), "") << "there is none";
-    Load({"/a|/b", "/c|/d|/txt/doc|-1", "/e|/f|/jpg|0"});
+    Load({"/a|/b|/txt", "/c|/d|/txt/doc|-1", "/e|/f|/jpg|0"});
     EXPECT_EQ(Picked(1), "/c|/d|/txt/doc|-1");
     EXPECT_EQ(Picked(2), "/e|/f|/jpg|0");
     profiles.PickFirstProfile();
@@ -98,10 +98,11 @@ TEST_F(ProfilesTest, PickingRestoresThePairAndItsFilter) {
 }
 
 TEST_F(ProfilesTest, APairIsRememberedOnceInSlotAndBox) {
+    profiles.SaveProfile("/a", "/backup", "/txt", "-1");
     profiles.AddPairToHistory("/a", "/backup");
+    EXPECT_EQ(Picked(0), "/a|/backup|/txt|-1");
     profiles.AddPairToHistory("/c", "/d");
     EXPECT_EQ(Value(1), Slot("/c|/d")) << "without a filter";
-    Remember("/a", "/backup", "/txt", "-1");
     Remember("/a", "/backup", "/jpg/bmp", "0");
     EXPECT_EQ(form.Combo1.Entries(), (Texts{"/a", "/c"}));
     EXPECT_EQ(form.Combo2.Entries(), (Texts{"/backup", "/d"}));

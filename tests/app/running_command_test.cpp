@@ -96,9 +96,6 @@ TEST(RunningCommand, EverythingElseIsDropped) {
                 for (const platform::MenuItem& item : menu.Items)
                     if (item.OnClick && item.Name != "mnuExit") item.OnClick();
             window.form.Combo1.Pick(0);
-            window.form.VScroll1.Scroll(1);
-            window.form.Window.OnScrollKey(platform::ScrollKey::End);
-            window.form.Window.OnWheel(1);
         },
         [](const MainWindow& window, const MainWindow& undisturbed) {
             EXPECT_EQ(window.Everything(), undisturbed.Everything());
@@ -213,6 +210,8 @@ TEST(RunningCommand, TheScrollBarStaysWhereThePageIsAndHoveringGoesOn) {
     window.form.VScroll1.Scroll(7);
     window.AtYield(3, [&] {
         window.form.VScroll1.Scroll(20);
+        window.form.Window.OnScrollKey(platform::ScrollKey::End);
+        window.form.Window.OnWheel(3);
         EXPECT_EQ(window.form.VScroll1.Value(), 7);
         EXPECT_EQ(window.form.sTYPE[0].Caption(), "8.");
         window.form.sFile1[2].PointerMove({});
