@@ -48,7 +48,7 @@ TEST_F(History, ClearAsksOnATerminalAndNeedsYesElsewhere) {
         EXPECT_EQ(Slot(0), status == 0 ? "(none)" : "/a==========/b") << typed;
     }
     SetSlot(0, "/a==========/b");
-    ExpectRefusal("history clear", 1);
+    Expect("history clear", 1, "", "varnel-cli: 'history clear' needs --yes here\n");
     EXPECT_EQ(Slot(0), "/a==========/b");
     for (int time = 0; time < 2; ++time) {
         Expect("history clear --yes", 0, "", "");

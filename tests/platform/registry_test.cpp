@@ -13,7 +13,6 @@ class RegistryTest : public testing::Test {
     void Write(const std::string& key, const std::string& value) {
         store_.WriteDefault(own_.Key(key), value);
     }
-    void Delete(const std::string& key) { store_.DeleteKey(own_.Key(key)); }
 
     fakes::OwnRegistry own_;
     platform::Registry& store_ = own_.Store();
@@ -24,9 +23,8 @@ TEST_F(RegistryTest, ValuesComeBackAsTheyWere) {
     Create("P0");
     EXPECT_EQ(Read("P0"), "");
     for (const std::string& value :
-         {std::string("C:\\one==========D:\\two"), std::string(" blanks "),
-          std::string("ünï 日本 😀"), std::string("a\tb\"c'd"), std::string(100'000, 'x'),
-          std::string()}) {
+         {std::string("C:\\one====D:\\two"), std::string(" \t\"c'd "), std::string("ünï 日本 😀"),
+          std::string(100'000, 'x'), std::string()}) {
         Write("P0", value);
         EXPECT_EQ(Read("P0"), value);
         EXPECT_EQ(platform::OpenSystemRegistry()->ReadDefault(own_.Key("P0")), value);
@@ -38,12 +36,10 @@ TEST_F(RegistryTest, KeysAreMadeWithThoseAboveAndDeletedOneByOne) {
     Write("a\\b\\c", "deep");
     Write("a\\b", "middle");
     Create("a\\b");
-    Create("a\\b\\c");
-    Delete("a");
-    EXPECT_EQ(Read("a"), "");
+    store_.DeleteKey(own_.Key("a\\b"));
     EXPECT_EQ(Read("a\\b"), "middle") << "a key with others below stays";
     EXPECT_EQ(Read("a\\b\\c"), "deep");
-    for (const char* key : {"a\\b\\c", "a\\b", "a", "a"}) Delete(key);
+    for (const char* key : {"a\\b\\c", "a\\b", "a", "a"}) store_.DeleteKey(own_.Key(key));
     Write("a\\b", "lost");
     EXPECT_EQ(Read("a\\b"), "") << "the key is gone";
 }

@@ -5,54 +5,47 @@
 
 #include "fakes/own_registry.h"
 #include "fakes/posix/ordinary_user.h"
-#include "fakes/temp_folder.h"
 
 namespace {
 
 class PosixRegistryTest : public testing::Test {
   protected:
     PosixRegistryTest() {
-        for (const char* key : {"P0", "P1"}) {
-            own_.Store().CreateKey(own_.Key(key));
-            own_.Store().WriteDefault(own_.Key(key), key);
-        }
+        store_.CreateKey("P0");
+        store_.WriteDefault("P0", "kept");
     }
-    std::string Read(const std::string& key) { return own_.Store().ReadDefault(own_.Key(key)); }
 
     fakes::OwnRegistry own_;
-    const std::string folder_ =
-        std::getenv("XDG_CONFIG_HOME") + std::string("/varnel/SOFTWARE/Test");
-    const std::string file_ = folder_ + "/P0/default";
+    platform::Registry& store_ = own_.Store();
+    const std::string configuration_ = std::getenv("XDG_CONFIG_HOME");
+    const std::string file_ = configuration_ + "/varnel/P0/default";
 };
 
 TEST_F(PosixRegistryTest, WhatIsNoValueReadsAsEmpty) {
     ASSERT_EQ(::truncate(file_.c_str(), 1LL << 40), 0);
-    EXPECT_LE(Read("P0").size(), 1u << 20) << "a value too large";
-    const std::function<void(const char*)> makes[] = {
-        [](const char*) {},
-        [](const char* path) { ::mkdir(path, 0700); },
-        [](const char* path) { ::mkfifo(path, 0600); },
-        [](const char* path) { EXPECT_EQ(::symlink("default", path), 0); },
+    EXPECT_LE(store_.ReadDefault("P0").size(), 1u << 20) << "a value too large";
+    int (*const makes[])(const char*) = {
+        [](const char* path) { return ::mkdir(path, 0700); },
+        [](const char* path) { return ::mkfifo(path, 0600); },
+        [](const char* path) { return ::symlink("default", path); },
     };
     for (const auto& make : makes) {
         std::remove(file_.c_str());
-        make(file_.c_str());
-        EXPECT_EQ(Read("P0"), "");
-        EXPECT_EQ(Read("P1"), "P1");
+        EXPECT_EQ(make(file_.c_str()), 0);
+        EXPECT_EQ(store_.ReadDefault("P0"), "");
     }
 }
 
 TEST_F(PosixRegistryTest, AStoreThatMayNotBeWrittenKeepsItsValues) {
-    ::chmod(std::getenv("XDG_CONFIG_HOME"), 0555);
-    for (const char* folder : {"", "/..", "/../..", "/P0"})
-        ::chmod((folder_ + folder).c_str(), 0555);
     ::chmod(file_.c_str(), 0444);
+    for (const char* folder : {"", "/varnel", "/varnel/P0"})
+        ::chmod((configuration_ + folder).c_str(), 0555);
     const bool holds = fakes::HoldsForOrdinaryUser([this] {
-        own_.Store().WriteDefault(own_.Key("P0"), "lost");
-        own_.Store().DeleteKey(own_.Key("P0"));
-        own_.Store().CreateKey(own_.Key("P2"));
-        EXPECT_EQ(Read("P0"), "P0");
-        EXPECT_EQ(Read("P2"), "");
+        store_.WriteDefault("P0", "lost");
+        store_.DeleteKey("P0");
+        store_.CreateKey("P1");
+        EXPECT_EQ(store_.ReadDefault("P0"), "kept");
+        EXPECT_EQ(store_.ReadDefault("P1"), "");
     });
     EXPECT_TRUE(holds);
 }

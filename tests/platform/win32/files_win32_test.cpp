@@ -119,18 +119,6 @@ TEST_F(WindowsFilesTest, AttributesAreKeptAndAReadOnlyTargetIsRefused) {
     EXPECT_TRUE(files_.RemoveFile(temp_.Path("target")).Ok());
 }
 
-TEST_F(WindowsFilesTest, WildcardsAndCompanionsAreNotCopied) {
-    for (const char* name : {"a.txt", "b.txt", "page.htm", "page_files/picture", "out/target"})
-        temp_.WriteFile(name, name);
-    for (const char* from : {"*.txt", "?.txt", "a.tx*", "a<", "\"a.txt\""})
-        EXPECT_FALSE(Copy(from, "out/target").Ok()) << from;
-    for (const char* to : {"out/*", "out/t?rget", "ou*/target"})
-        EXPECT_FALSE(Copy("a.txt", to).Ok()) << to;
-    EXPECT_TRUE(Copy("page.htm", "out/page.htm").Ok());
-    EXPECT_EQ(temp_.Names("out"), (Names{"page.htm", "target"}));
-    EXPECT_EQ(temp_.Read("out/target"), "out/target");
-}
-
 TEST_F(WindowsFilesTest, LinksToFoldersAreFollowedAndKnownAsLinks) {
     temp_.WriteFile("folder/file", "12345");
     ::CreateSymbolicLinkW(
