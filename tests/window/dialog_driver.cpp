@@ -1,19 +1,20 @@
 #include "window/dialog_driver.h"
 
-#include <algorithm>
+#include <cstdlib>
 #include <stdexcept>
 
 #include <commctrl.h>
 
 #include "platform/win32/text_conversion.h"
-#include "window/input.h"
 
 namespace window {
 
 namespace {
 
 constexpr char kDialog[] = "#32770";
+constexpr unsigned kBetweenClicks = 2000;  // ms
 constexpr int kMessageText = 0xFFFF;
+constexpr int kIconColored = 10000;
 constexpr int kFileName = 0x47C;
 constexpr int kFolderTree = 14145;
 constexpr int kFolderName = 14149;
@@ -32,28 +33,36 @@ HWND IconOf(HWND message) {
     return child;
 }
 
-// The icons are red, yellow (or orange) and blue. Empty until one is seen.
+// The icons are red, yellow (or orange) and blue on the ground of the dialog, and their corners are
+// empty. Empty until one is seen.
 std::string KindByIcon(HWND icon) {
     const RECT area = AreaOf(icon);
     const ScreenPicture picture(area);
-    std::pair<int, const char*> counts[] = {
-        {0, "critical"}, {0, "exclamation"}, {0, "information"}};
+    if (picture.At(area.left, area.top) != ::GetSysColor(COLOR_BTNFACE)) return {};
+    int redness = 0, greenness = 0;
     for (LONG y = area.top; y < area.bottom; ++y) {
         for (LONG x = area.left; x < area.right; ++x) {
             const COLORREF color = picture.At(x, y);
-            const int red = GetRValue(color), green = GetGValue(color), blue = GetBValue(color);
-            counts[0].first += red > 150 && green < 90 && blue < 90;
-            counts[1].first += red > 200 && green >= 90 && blue < 110;
-            counts[2].first += blue > 120 && red < 110;
+            redness += GetRValue(color) - GetBValue(color);
+            greenness += GetGValue(color) - GetBValue(color);
         }
     }
-    const auto& [count, kind] = *std::max_element(std::begin(counts), std::end(counts));
-    return count < 40 ? "" : kind;
+    if (std::abs(redness) < kIconColored) return {};
+    if (redness < 0) return "information";
+    return greenness > redness / 2 ? "exclamation" : "critical";
 }
 
+// More than once if need be: a dialog that has just come may move from under the pointer.
 void Press(HWND dialog, int button) {
-    ClickAt(MiddleOf(AreaOf(::GetDlgItem(dialog, button))));
-    Form(dialog).WaitUntilClosed();
+    unsigned long long next = 0;
+    WaitUntil("a dialog to close", [&] {
+        const unsigned long long now = ::GetTickCount64();
+        if (::GetForegroundWindow() == dialog && now >= next) {
+            ClickAt(MiddleOf(AreaOf(::GetDlgItem(dialog, button))));
+            next = now + kBetweenClicks;
+        }
+        return !::IsWindow(dialog) || !::IsWindowVisible(dialog);
+    });
 }
 
 }  // namespace

@@ -9,7 +9,6 @@ class ExportTest : public WindowTest {
   protected:
     // Exports the same files and returns the name that was proposed.
     static std::string Export(const Program& varnel, const std::string& path) {
-        varnel.WaitForQuiet();
         varnel.RunMenu("mnuExportSame");
         return AnswerFileName(varnel, "Export file name to a text file", path);
     }
@@ -37,7 +36,8 @@ TEST_F(ExportTest, WritesTheReportAndAsksBeforeItOverwrites) {
         const auto held = Locked("report.txt");
         Export(varnel, Files.Path("report.txt"));
         EXPECT_EQ(Answer(varnel, IDYES), question);
-        varnel.WaitForQuiet();
+        varnel.RunMenu("mnuAbout");  // "File Saved" would stand before it
+        EXPECT_TRUE(Answer(varnel).starts_with("information About Varnel"));
     }
     EXPECT_EQ(Files.Read("report.txt"), "what was there");
     Files.SetReadOnly("report.txt", true);

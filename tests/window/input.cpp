@@ -1,7 +1,6 @@
 #include "window/input.h"
 
 #include <stdexcept>
-#include <vector>
 
 #include "platform/win32/text_conversion.h"
 
@@ -11,9 +10,8 @@ namespace {
 
 POINT pointer{};  // where it was put last; the system asks the screen, which may lag behind
 
-void Send(std::vector<INPUT> events) {
-    const auto count = static_cast<UINT>(events.size());
-    if (::SendInput(count, events.data(), sizeof(INPUT)) != count)
+void Send(INPUT event) {
+    if (::SendInput(1, &event, sizeof event) != 1)
         throw std::runtime_error("the system takes no input");
 }
 
@@ -22,31 +20,32 @@ LONG InParts(LONG pixel, int size) {
     return (pixel * 65536 + size - 1) / size;
 }
 
-// An event brings its place along: a late report of where the pointer was before cannot move it.
-INPUT PointerEvent(POINT at, DWORD flags, int data = 0) {
+// The event brings its place along: a late report of where the pointer was before cannot move it.
+void SendPointer(POINT at, DWORD flags, int data = 0) {
     INPUT event{};
     event.type = INPUT_MOUSE;
     event.mi.dx = InParts(at.x, ::GetSystemMetrics(SM_CXSCREEN));
     event.mi.dy = InParts(at.y, ::GetSystemMetrics(SM_CYSCREEN));
     event.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | flags;
     event.mi.mouseData = static_cast<DWORD>(data);
-    return event;
+    MovePointer(at);
+    Send(event);
 }
 
-INPUT KeyEvent(WORD key, WORD character, DWORD flags) {
+void SendKey(WORD key, WORD scan, DWORD flags) {
     INPUT event{};
     event.type = INPUT_KEYBOARD;
     event.ki.wVk = key;
-    event.ki.wScan = character;
+    event.ki.wScan = scan;
     event.ki.dwFlags = flags;
-    return event;
+    Send(event);
 }
 
-INPUT Key(WORD key, DWORD flags) {
+void SendKey(WORD key, DWORD flags) {
     // The arrows and their neighbours, which the block of digits has a second time.
     const bool extended = (key >= VK_PRIOR && key <= VK_DOWN) || key == VK_DELETE;
-    return KeyEvent(key, static_cast<WORD>(::MapVirtualKeyW(key, MAPVK_VK_TO_VSC)),
-                    flags | (extended ? KEYEVENTF_EXTENDEDKEY : 0));
+    SendKey(key, static_cast<WORD>(::MapVirtualKeyW(key, MAPVK_VK_TO_VSC)),
+            flags | (extended ? KEYEVENTF_EXTENDEDKEY : 0));
 }
 
 }  // namespace
@@ -69,38 +68,34 @@ void ParkPointer() {
 }
 
 void PressButtonAt(POINT point) {
-    MovePointer(point);
-    Send({PointerEvent(point, MOUSEEVENTF_LEFTDOWN)});
+    SendPointer(point, MOUSEEVENTF_LEFTDOWN);
 }
 
 void ReleaseButtonAt(POINT point) {
-    MovePointer(point);
-    Send({PointerEvent(point, MOUSEEVENTF_LEFTUP)});
+    SendPointer(point, MOUSEEVENTF_LEFTUP);
 }
 
 void ClickAt(POINT point) {
     PressButtonAt(point);
-    Send({PointerEvent(point, MOUSEEVENTF_LEFTUP)});
+    ReleaseButtonAt(point);
 }
 
 void RollWheelAt(POINT point, int notches) {
-    MovePointer(point);
-    Send({PointerEvent(point, MOUSEEVENTF_WHEEL, -notches * WHEEL_DELTA)});
+    SendPointer(point, MOUSEEVENTF_WHEEL, -notches * WHEEL_DELTA);
 }
 
 void PressKey(WORD key, WORD held) {
-    std::vector<INPUT> events{Key(key, 0), Key(key, KEYEVENTF_KEYUP)};
-    if (held != 0) {
-        events.insert(events.begin(), Key(held, 0));
-        events.push_back(Key(held, KEYEVENTF_KEYUP));
-    }
-    Send(std::move(events));
+    if (held != 0) SendKey(held, 0);
+    SendKey(key, 0);
+    SendKey(key, KEYEVENTF_KEYUP);
+    if (held != 0) SendKey(held, KEYEVENTF_KEYUP);
 }
 
 void TypeKeys(std::string_view characters) {
-    for (const wchar_t character : platform::win32::Wide(characters))
-        Send({KeyEvent(0, character, KEYEVENTF_UNICODE),
-              KeyEvent(0, character, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP)});
+    for (const wchar_t character : platform::win32::Wide(characters)) {
+        SendKey(0, character, KEYEVENTF_UNICODE);
+        SendKey(0, character, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP);
+    }
 }
 
 }  // namespace window

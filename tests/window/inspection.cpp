@@ -34,12 +34,10 @@ void Note(Seen& seen, const std::string& key, const std::string& value) {
     RECT& area = seen.Area;
     if (key == "kind") seen.Kind = value;
     if (key == "visible") seen.Visible = value == "1";
-    if (key == "enabled") seen.Enabled = value == "1";
     if (key == "bold") seen.Bold = value == "1";
     if (key == "back") seen.Back = static_cast<COLORREF>(number(16));
     if (key == "fore") seen.Fore = static_cast<COLORREF>(number(16));
     if (key == "value") seen.Value = static_cast<int>(number(10));
-    if (key == "range") std::sscanf(value.c_str(), "%*d,%d", &seen.Maximum);
     if (key == "area")
         std::sscanf(value.c_str(), "%ld,%ld,%ld,%ld", &area.left, &area.top, &area.right,
                     &area.bottom);

@@ -13,12 +13,10 @@ namespace window {
 struct Seen {
     std::string Kind;
     bool Visible = false;  // with all its containers
-    bool Enabled = false;
     bool Bold = false;
     COLORREF Back = 0;
     COLORREF Fore = 0;
-    int Value = 0;  // checked, scroll value, selected entry, or a menu entry's command
-    int Maximum = 0;
+    int Value = 0;          // checked, scroll value, selected entry, or a menu entry's command
     RECT Area{};            // in pixels of the screen
     HWND Window = nullptr;  // none for what its container paints
     std::vector<std::string> Entries;

@@ -65,7 +65,6 @@ TEST_F(RunTest, AComparisonDropsOtherCommandsAndStops) {
     }
     varnel.RunMenu("mnuAbout");
     EXPECT_TRUE(Answer(varnel).starts_with("information About Varnel: Varnel ,  Version 8.12"));
-    varnel.WaitForQuiet();
     PauseWithin(varnel);
     ::PostMessageW(varnel.Window(), WM_SYSCOMMAND, SC_CLOSE, 0);
     varnel.Resume();
@@ -77,7 +76,7 @@ TEST_F(RunTest, ASyncShowsWhereItIsDropsOtherCommandsAndStops) {
     const Program varnel(Pair());
     varnel.Compare();
     varnel.Click("Command5");
-    varnel.WaitUntilShown("Command9");
+    WaitUntil("some copies", [&] { return Copied(true) > 0; });
     varnel.Click("Command3");
     varnel.Click("LabelNewFile");
     varnel.RunMenu("mnuAbout");
@@ -85,9 +84,7 @@ TEST_F(RunTest, ASyncShowsWhereItIsDropsOtherCommandsAndStops) {
     RollWheelAt(varnel.PlaceOf("Picture2"), 1);
     const RECT row = varnel.Look("sFile1(7)").Area;
     MovePointer(MiddleOf(row));
-    varnel.WaitForPicture([&](const ScreenPicture& picture) {
-        return picture.At(row.left + 1, row.top + 1) == kHovered;
-    });
+    varnel.WaitForColor({row.left, row.top}, kHovered);
     EXPECT_FALSE(::IsHungAppWindow(varnel.Window()));
     EXPECT_TRUE(varnel.Shows("Command9")) << "the sync must still run";
     EXPECT_EQ(varnel.Text("Command3"), "Compare");
@@ -98,7 +95,6 @@ TEST_F(RunTest, ASyncShowsWhereItIsDropsOtherCommandsAndStops) {
     varnel.Click("Command9");
     EXPECT_EQ(Answer(varnel), "exclamation Varnel: Synchronization User Canceled.      ");
     const int copied = Copied(false);
-    EXPECT_GT(copied, 0);
     EXPECT_LT(copied, kToCopy);
     EXPECT_EQ(NumberIn(varnel.Text("LabelAllFile")), copied);
     EXPECT_FALSE(varnel.Shows("Command9"));

@@ -13,6 +13,7 @@
 
 namespace {
 
+constexpr int kPicturesAtRest = 30;
 constexpr unsigned kLongestComparison = 9 * 60 * 1000;  // ms
 
 void OpenDirectionPanel(const window::Program& program) {
@@ -25,11 +26,23 @@ void OpenDirectionPanel(const window::Program& program) {
     program.WaitUntilShown("Picture3");
 }
 
+// The window once it has not changed for a while.
+window::ScreenPicture PictureAtRest(HWND window) {
+    window::ScreenPicture picture(window::AreaOf(window));
+    for (int same = 0; same < kPicturesAtRest; ++same) {
+        const window::ScreenPicture last = picture;
+        picture = window::ScreenPicture(window::AreaOf(window));
+        if (!(picture == last)) same = 0;
+    }
+    return picture;
+}
+
 void TakePicture(const std::string& pair, const std::string& file, const std::string& moment) {
     const window::Program program(pair);
     if (moment != "start") program.Compare(kLongestComparison);
     if (moment == "direction") OpenDirectionPanel(program);
-    if (!program.TakePicture().Save(file)) throw std::runtime_error("cannot write " + file);
+    if (!PictureAtRest(program.Window()).Save(file))
+        throw std::runtime_error("cannot write " + file);
 }
 
 }  // namespace

@@ -25,7 +25,6 @@ TEST_F(SyncTest, DoubleSyncBringsBothFoldersUpToDate) {
             EXPECT_EQ(Files.Read(side + "/" + name), content) << side << name;
         EXPECT_EQ(Files.Names(side).size(), 6u);
     }
-    EXPECT_EQ(varnel.Text("LabelShow"), "Synchronized Files:  5");
     EXPECT_EQ(varnel.Text("sMAC(3)"), "<-- OK <--");
     varnel.Compare();  // times came along: nothing is left to be done
     EXPECT_EQ(varnel.Text("LabelShow"), "Same Files:  6");
@@ -54,7 +53,6 @@ TEST_F(SyncTest, AFailureLeavesItsTargetAsItWas) {
     EXPECT_EQ(Files.Read("1/chg-left.txt"), "newer content");
     EXPECT_EQ(Files.Names("2"), (Texts{"chg-left.txt", "chg-right.txt", "new1.txt", "read-only.txt",
                                        "same.txt", "sub"}));  // no leftovers
-    varnel.WaitForQuiet();
     varnel.Click("LabelNewChgFile");
     varnel.WaitForText("LabelShow", "Sync Failed Files:  4");
     EXPECT_EQ(varnel.Text("sMAC(0)"), "--> Fail -->");

@@ -1,12 +1,10 @@
 #include "window/window_driver.h"
 
-#include <algorithm>
 #include <exception>
 #include <optional>
 #include <stdexcept>
 
 #include "platform/win32/text_conversion.h"
-#include "window/input.h"
 
 namespace window {
 
@@ -17,20 +15,17 @@ using platform::win32::Wide;
 
 constexpr DWORD kPause = 3;               // ms between two looks
 constexpr unsigned kBetweenNudges = 800;  // ms; a tooltip needs half a second of rest
-constexpr int kPicturesAtRest = 30;
 constexpr int kPageRows = 25;
 
+// Looks for the program beside this one first.
 PROCESS_INFORMATION StartProgram(const std::string& arguments) {
-    std::wstring path(32768, L'\0');
-    path.resize(::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-    path = path.substr(0, path.find_last_of(L'\\') + 1) + Wide(VARNEL_EXE_NAME);
-    std::wstring line = L"\"" + path + L"\"" + (arguments.empty() ? L"" : L" ") + Wide(arguments);
+    std::wstring line = Wide("\"" VARNEL_EXE_NAME "\" " + arguments);
     STARTUPINFOW start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION process{};
-    if (!::CreateProcessW(path.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+    if (!::CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                           &start, &process))
-        throw std::runtime_error("cannot start " + Narrow(path));
+        throw std::runtime_error("cannot start the program");
     return process;
 }
 
@@ -40,11 +35,6 @@ HWND FocusOf(HWND window) {
     state.cbSize = sizeof state;
     ::GetGUIThreadInfo(::GetWindowThreadProcessId(window, nullptr), &state);
     return state.hwndFocus;
-}
-
-BOOL CALLBACK NoteWindow(HWND window, LPARAM found) {
-    if (::IsWindowVisible(window)) reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
-    return TRUE;
 }
 
 bool IsFirstView(const std::string& heading) {
@@ -76,7 +66,7 @@ std::string TextOf(HWND window) {
 }
 
 RECT AreaOf(HWND window) {
-    RECT area;
+    RECT area{};
     ::GetWindowRect(window, &area);
     return area;
 }
@@ -89,12 +79,12 @@ std::string ClassOf(HWND window) {
 
 std::vector<HWND> TopWindows(DWORD process) {
     std::vector<HWND> windows;
-    ::EnumWindows(&NoteWindow, reinterpret_cast<LPARAM>(&windows));
-    std::erase_if(windows, [&](HWND window) {
+    for (HWND window = ::GetTopWindow(nullptr); window; window = ::GetWindow(window, GW_HWNDNEXT)) {
         DWORD owner = 0;
         ::GetWindowThreadProcessId(window, &owner);
-        return process != 0 && owner != process;
-    });
+        if (::IsWindowVisible(window) && (process == 0 || owner == process))
+            windows.push_back(window);
+    }
     return windows;
 }
 
@@ -121,18 +111,20 @@ POINT Form::PlaceOf(std::string_view name) const {
     return MiddleOf(seen.Area);
 }
 
-void Form::Point(std::string_view name) const {
-    MovePointer(PlaceOf(name));
+void Form::WaitForQuiet() const {
+    WaitUntil("a window to take input",
+              [this] { return ::IsWindowEnabled(window_) && ::GetForegroundWindow() == window_; });
 }
 
 void Form::Click(std::string_view name) const {
+    WaitForQuiet();
     ClickAt(PlaceOf(name));
 }
 
 void Form::Set(std::string_view name, bool value) const {
     if (Look(name).Value == value) return;
     Click(name);
-    WaitFor(name, [value](const Seen& seen) { return seen.Value == value; });
+    WaitForValue(name, value);
 }
 
 void Form::Type(std::string_view name, std::string_view keys) const {
@@ -152,6 +144,7 @@ void Form::Fill(std::string_view name, std::string_view text) const {
 }
 
 void Form::RunMenu(std::string_view name) const {
+    WaitForQuiet();
     ::PostMessageW(window_, WM_COMMAND, static_cast<WPARAM>(Look(name).Value), 0);
 }
 
@@ -159,14 +152,13 @@ void Form::WaitFor(std::string_view name, const std::function<bool(const Seen&)>
     WaitUntil(std::string(name), [&] { return condition(Look(name)); });
 }
 
+void Form::WaitForValue(std::string_view name, int value) const {
+    WaitFor(name, [value](const Seen& seen) { return seen.Value == value; });
+}
+
 void Form::WaitForText(std::string_view name, std::string_view text) const {
-    std::string last;
-    try {
-        WaitUntil("", [&] { return (last = Text(name)) == text; });
-    } catch (const std::runtime_error&) {
-        throw std::runtime_error(std::string(name) + " does not say \"" + std::string(text) +
-                                 "\" but \"" + last + '"');
-    }
+    WaitUntil(std::string(name) + " to say \"" + std::string(text) + '"',
+              [&] { return Text(name) == text; });
 }
 
 void Form::WaitForFocus(std::string_view name) const {
@@ -186,22 +178,11 @@ void Form::WaitUntilClosed() const {
               [this] { return !::IsWindow(window_) || !::IsWindowVisible(window_); });
 }
 
-ScreenPicture Form::WaitForPicture(
-    const std::function<bool(const ScreenPicture&)>& condition) const {
+ScreenPicture Form::WaitForColor(POINT at, COLORREF color) const {
     std::optional<ScreenPicture> picture;
-    WaitUntil("the picture of the window",
-              [&] { return condition(picture.emplace(AreaOf(window_))); });
+    WaitUntil("a colour on the screen",
+              [&] { return picture.emplace(AreaOf(window_)).At(at.x, at.y) == color; });
     return *std::move(picture);
-}
-
-ScreenPicture Form::TakePicture() const {
-    ScreenPicture last(AreaOf(window_));
-    int same = 0;
-    return WaitForPicture([&](const ScreenPicture& picture) {
-        same = picture == last ? same + 1 : 0;
-        last = picture;
-        return same == kPicturesAtRest;
-    });
 }
 
 Program::Program(const std::string& arguments) : Program(StartProgram(arguments)) {}
@@ -213,13 +194,11 @@ Program::Program(const PROCESS_INFORMATION& started)
       id_(started.dwProcessId) {
     ParkPointer();
     window_ = WaitForWindow(id_, "FormMain", " Varnel ,  Version 8.12");
-    WaitUntil("the window to come to the front",
-              [this] { return ::GetForegroundWindow() == window_ && FocusOf(window_); });
+    WaitForQuiet();
+    WaitUntil("the keyboard", [this] { return FocusOf(window_) != nullptr; });
     // By then the program has heard what the screen tells of a new window.
     const Seen cell = Look("sFile1(9)");
-    WaitForPicture([&cell](const ScreenPicture& picture) {
-        return picture.At(cell.Area.left, cell.Area.top) == cell.Back;
-    });
+    WaitForColor({cell.Area.left, cell.Area.top}, cell.Back);
 }
 
 Program::~Program() {
@@ -245,34 +224,16 @@ unsigned Program::Close() const {
     return WaitForEnd();
 }
 
-void Program::Pause() const {
-    if (::SuspendThread(thread_.Get()) == static_cast<DWORD>(-1))
-        throw std::runtime_error("the program cannot be paused");
-}
-
-void Program::Resume() const {
-    ::ResumeThread(thread_.Get());
-}
-
-void Program::WaitForQuiet() const {
-    WaitUntil("the main window to be in front",
-              [this] { return ::IsWindowEnabled(window_) && ::GetForegroundWindow() == window_; });
-}
-
 // The heading tells when a comparison is over, so it must say something else before.
 void Program::Compare(unsigned limit) const {
-    WaitForQuiet();
     if (IsFirstView(Text("LabelShow"))) {
         Click("LabelNewFile");
         WaitFor("LabelShow", [](const Seen& seen) { return !IsFirstView(seen.Text); });
     }
     Click("Command3");
-    const auto isOver = [this] {
-        if (!::IsWindowEnabled(window_))
-            throw std::runtime_error("the comparison ends in a message");
-        return IsFirstView(Text("LabelShow")) && Text("Command3") == "Compare";
-    };
-    WaitUntil("the result of the comparison", isOver, limit);
+    WaitUntil(
+        "the result of the comparison",
+        [this] { return IsFirstView(Text("LabelShow")) && Text("Command3") == "Compare"; }, limit);
 }
 
 std::string Program::Cell(std::string_view kind, int row) {

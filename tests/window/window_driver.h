@@ -12,6 +12,7 @@
 #include <windows.h>
 
 #include "platform/win32/handle.h"
+#include "window/input.h"
 #include "window/inspection.h"
 #include "window/screen_picture.h"
 
@@ -54,8 +55,12 @@ class Form {
     // The middle of a control that is shown, on the screen.
     POINT PlaceOf(std::string_view name) const;
 
-    // The real pointer goes to the middle of the control; then the button goes down and up.
-    void Point(std::string_view name) const;
+    // Returns when the window is in front and takes input.
+    void WaitForQuiet() const;
+
+    // The real pointer goes to the middle of the control; the button goes down and up once the
+    // window is quiet.
+    void Point(std::string_view name) const { MovePointer(PlaceOf(name)); }
     void Click(std::string_view name) const;
 
     // Clicks a check box or an option and waits until it has the value.
@@ -66,20 +71,18 @@ class Form {
     void Type(std::string_view name, std::string_view keys) const;
     void Fill(std::string_view name, std::string_view text) const;
 
-    // The program reads a command of the menu, as it does when the menu sends it.
+    // Once the window is quiet, the program reads a command of the menu, as when the menu sends it.
     void RunMenu(std::string_view name) const;
 
     void WaitFor(std::string_view name, const std::function<bool(const Seen&)>& condition) const;
+    void WaitForValue(std::string_view name, int value) const;
     void WaitForText(std::string_view name, std::string_view text) const;
     void WaitForFocus(std::string_view name) const;
     void WaitUntilShown(std::string_view name, bool shown = true) const;
     void WaitUntilClosed() const;
 
-    // A picture of the window that shows what is wanted, as soon as there is one.
-    ScreenPicture WaitForPicture(const std::function<bool(const ScreenPicture&)>& condition) const;
-
-    // A picture of the window once it has not changed for a while.
-    ScreenPicture TakePicture() const;
+    // A picture of the window, as soon as a point on the screen has this colour.
+    ScreenPicture WaitForColor(POINT at, COLORREF color) const;
 
   protected:
     HWND window_;
@@ -100,11 +103,8 @@ class Program : public Form {
     unsigned Close() const;       // by the cross of its window; its exit status
 
     // The program stands still in between; what is sent to it meanwhile waits.
-    void Pause() const;
-    void Resume() const;
-
-    // Returns when the main window is the one in front and enabled.
-    void WaitForQuiet() const;
+    void Pause() const { ::SuspendThread(thread_.Get()); }
+    void Resume() const { ::ResumeThread(thread_.Get()); }
 
     // Clicks Compare and waits for the result.
     void Compare(unsigned limit = kLimit) const;

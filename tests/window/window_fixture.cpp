@@ -22,8 +22,16 @@ void WindowTest::SetUp() {
     const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
     Program::PictureOfFailure = "failed-" + std::string(test.name()) + ".bmp";
     ::RegDeleteTreeA(HKEY_LOCAL_MACHINE, kHistoryKey);
+    SetScreenScale(0);  // which a test that was killed may have left
     Files.MakeFolder("1");
     Files.MakeFolder("2");
+}
+
+void WindowTest::SetScreenScale(DWORD dpi) {
+    constexpr const char* kKey = "Control Panel\\Desktop";
+    ::RegDeleteKeyValueA(HKEY_CURRENT_USER, kKey, "LogPixels");
+    if (dpi != 0)
+        ::RegSetKeyValueA(HKEY_CURRENT_USER, kKey, "LogPixels", REG_DWORD, &dpi, sizeof dpi);
 }
 
 void WindowTest::PutSmallPair() const {

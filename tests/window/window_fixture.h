@@ -10,7 +10,6 @@
 #include "fakes/temp_folder.h"
 #include "platform/file_time.h"
 #include "window/dialog_driver.h"
-#include "window/input.h"
 #include "window/window_driver.h"
 
 namespace window {
@@ -18,7 +17,8 @@ namespace window {
 inline const platform::FileTime kOlder = fakes::Time("2020-01-02 03:04:05 UTC");
 inline const platform::FileTime kNewer = fakes::Time("2021-02-03 04:05:06 UTC");
 
-inline constexpr COLORREF kHovered = 0xFFFF80, kSelected = 0x008000;  // rows of the grid
+// The backs of rows of the grid.
+inline constexpr COLORREF kPlain = 0xFFFFC0, kHovered = 0xFFFF80, kSelected = 0x008000;
 
 // The folders "1" and "2" in a folder of the test.
 class WindowTest : public testing::Test {
@@ -29,6 +29,9 @@ class WindowTest : public testing::Test {
              platform::FileTime time = kOlder) const {
         Files.WriteFile(name, content, time);
     }
+    // The screen's setting for programs that start from now on; 0 for its own.
+    static void SetScreenScale(DWORD dpi);
+
     // "new1.txt", "sub/new2.txt" in 1, "only2.txt" in 2, "chg-right.txt" newer in 1, "chg-left.txt"
     // newer in 2, and "same.txt".
     void PutSmallPair() const;
