@@ -1,7 +1,9 @@
 #include "reliability/pair_test.h"
 
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
+#include <ostream>
 
 #include <sys/stat.h>
 
@@ -19,33 +21,17 @@ namespace {
 constexpr const char* kOtherPair = "/a==========/b==========/txt==========-1";
 constexpr std::size_t kLarge = 140'000;  // is not copied through memory where the system can do it
 
-bool Is(const std::optional<Version>& found, const std::optional<Version>& wanted) {
-    if (!found || !wanted) return found.has_value() == wanted.has_value();
-    return found->Time == wanted->Time && found->Content == wanted->Content;
-}
-
-std::string Described(const std::optional<Version>& version) {
-    if (!version) return "nothing";
-    return std::to_string(version->Content.size()) + " bytes of time " +
-           std::to_string(version->Time - kNoon);
-}
-
 }  // namespace
+
+void PrintTo(const Version& version, std::ostream* stream) {
+    *stream << version.Content.size() << " bytes of time " << version.Time - kNoon;
+}
 
 void PairTest::SetUp() {
     if (!CanTrace()) GTEST_SKIP() << "this system does not let a program be traced";
-}
-
-std::string PairTest::Bytes(std::size_t size, char seed) {
-    std::string bytes(size, seed);
-    for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<char>(seed + i / 7 % 31);
-    return bytes;
-}
-
-std::vector<Subject> PairTest::Everything() {
     const auto old = [](std::size_t size) { return Version{Bytes(size, '0'), kNoon}; };
     const auto recent = [](std::size_t size) { return Version{Bytes(size, 'A'), kNoon + kHour}; };
-    return {
+    Subjects = {
         {"new right", recent(100), {}},
         {"new/deep/er/right", recent(50), {}},
         {"new large right", recent(kLarge), {}},
@@ -61,81 +47,78 @@ std::vector<Subject> PairTest::Everything() {
     };
 }
 
-void PairTest::MakePair() {
-    for (const char* folder : {"one", "two", "config"}) fs::remove_all(Path(folder));
-    MakeFolder("one");
-    MakeFolder("two");
-    FillPair();
+std::string PairTest::Bytes(std::size_t size, char seed) {
+    std::string bytes(size, seed);
+    for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<char>(seed + i / 7 % 31);
+    return bytes;
 }
 
-void PairTest::FillPair() {
+void PairTest::MakePair() {
+    for (const char* folder : {"one", "two", "config", "away"}) fs::remove_all(Path(folder));
+    MakeFolder("one");
+    MakeFolder("two");
     SetSlot(0, kOtherPair);
-    for (const Subject& subject : Subjects) {
-        for (const char* side : {"one", "two"}) {
-            const std::optional<Version>& version = subject.Before(side);
-            if (version) File(side + ("/" + subject.Name), version->Content, version->Time);
-        }
+    for (const auto& [name, one, two] : Subjects) {
+        if (one) File("one/" + name, one->Content, one->Time);
+        if (two) File("two/" + name, two->Content, two->Time);
     }
 }
 
-std::optional<Version> PairTest::VersionAt(const std::string& relative) const {
-    struct stat status;
-    if (::lstat(Path(relative).c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return {};
-    return Version{Content(relative), status.st_mtim.tv_sec};
+Versions PairTest::VersionsIn(const std::string& folder) const {
+    Versions versions;
+    for (const auto& [name, content] : Files(folder)) {
+        struct stat status {};
+        ::stat((Path(folder) + '/' + name).c_str(), &status);
+        versions[name] = {content, status.st_mtim.tv_sec};
+    }
+    return versions;
 }
 
-std::vector<std::string> PairTest::FilesBelow(const std::string& side) const {
-    std::vector<std::string> files;
-    const std::string root = Path(side);
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(root))
-        if (!entry.is_directory()) files.push_back(entry.path().string().substr(root.size() + 1));
-    return files;
+Versions PairTest::Newest() const {
+    Versions newest;
+    for (const Subject& subject : Subjects) newest[subject.Name] = subject.Newest();
+    return newest;
 }
 
-cli::Texts PairTest::ExpectWhole(const std::string& where) {
-    EXPECT_EQ(Slot(0), kOtherPair) << where;
+cli::Texts PairTest::ExpectWhole() const {
+    EXPECT_EQ(Slot(0), kOtherPair);
     cli::Texts leftovers;
-    for (const char* side : {"one", "two"}) {
+    for (const std::string side : {"one", "two"}) {
+        Versions found = VersionsIn(side);
         for (const Subject& subject : Subjects) {
-            const auto found = VersionAt(side + ("/" + subject.Name));
-            EXPECT_TRUE(Is(found, subject.Before(side)) || Is(found, subject.Newest()))
-                << where << ": " << side << "/" << subject.Name << " is " << Described(found);
+            const Versions::node_type node = found.extract(subject.Name);
+            const auto version = node ? std::optional(node.mapped()) : std::nullopt;
+            EXPECT_TRUE(version == (side == "one" ? subject.One : subject.Two) ||
+                        version == subject.Newest())
+                << side << '/' << subject.Name << ": " << testing::PrintToString(version);
         }
-        for (const std::string& name : FilesBelow(side)) {
-            if (std::any_of(Subjects.begin(), Subjects.end(),
-                            [&](const Subject& subject) { return subject.Name == name; }))
-                continue;
+        for (const auto& [name, version] : found) {
             EXPECT_TRUE(platform::IsTemporaryName(fs::path(name).filename().string()))
-                << where << ": " << side << "/" << name;
-            leftovers.push_back(side + ("/" + name));
+                << side << '/' << name;
+            leftovers.push_back(side + '/' + name);
         }
     }
     return leftovers;
 }
 
-void PairTest::ExpectSynced(const std::string& where) {
-    for (const char* side : {"one", "two"}) {
-        for (const Subject& subject : Subjects) {
-            const auto found = VersionAt(side + ("/" + subject.Name));
-            EXPECT_TRUE(Is(found, subject.Newest()))
-                << where << ": " << side << "/" << subject.Name << " is " << Described(found);
-        }
-        EXPECT_EQ(FilesBelow(side).size(), Subjects.size()) << where << ": " << side;
-    }
+void PairTest::ExpectSynced() const {
+    for (const char* side : {"one", "two"}) EXPECT_EQ(VersionsIn(side), Newest()) << side;
 }
 
-void PairTest::ExpectHonest(const cli::Ended& run, const std::string& where) {
-    cli::Texts lines = cli::Lines(run.Output);
-    if (!run.Output.empty() && run.Output.back() != '\n') lines.pop_back();
+void PairTest::ExpectHonest(const cli::Ended& run) const {
+    const Versions newest = Newest();
+    Versions one = VersionsIn("one");
+    Versions two = VersionsIn("two");
     int rows = 0;
     int failed = 0;
-    for (const std::string& line : lines) {
-        auto members = cli::ReadJsonObject(
-            line.starts_with("{\"summary\": ") ? line.substr(12, line.size() - 13) : line);
-        if (!members.contains("code")) {
-            EXPECT_EQ(members["total"], std::to_string(rows)) << where;
-            EXPECT_EQ(members["failed"], std::to_string(failed)) << where;
-            EXPECT_EQ(run.Status, failed == 0 ? 0 : 1) << where;
+    for (const std::string& line : cli::Lines(run.Output)) {
+        if (!line.ends_with('}')) continue;  // could not be written whole
+        const bool isSummary = line.starts_with("{\"summary\": ");
+        auto members = cli::ReadJsonObject(isSummary ? line.substr(12, line.size() - 13) : line);
+        if (isSummary) {
+            EXPECT_EQ(members["total"], std::to_string(rows));
+            EXPECT_EQ(members["failed"], std::to_string(failed));
+            EXPECT_EQ(run.Status, failed == 0 ? 0 : 1);
             continue;
         }
         ++rows;
@@ -144,40 +127,50 @@ void PairTest::ExpectHonest(const cli::Ended& run, const std::string& where) {
             continue;
         }
         const std::string name = members["path1"].substr(One().size() + 1);
-        for (const Subject& subject : Subjects) {
-            if (subject.Name != name) continue;
-            for (const char* side : {"one/", "two/"})
-                EXPECT_TRUE(Is(VersionAt(side + name), subject.Newest()))
-                    << where << ": not done: " << line;
+        EXPECT_EQ(one[name], newest.at(name)) << "not done: " << line;
+        EXPECT_EQ(two[name], newest.at(name)) << "not done: " << line;
+    }
+}
+
+void PairTest::ExpectNextSyncFinishes() const {
+    const cli::Ended run = Cli(Sync());
+    EXPECT_EQ(run.Status, 0) << run.Output << run.Error;
+    EXPECT_EQ(Slot(1), One() + "==========" + Two() + "====================0");
+    ExpectSynced();
+}
+
+void PairTest::Disturb(const cli::Launch& launch, std::size_t runs,
+                       const std::function<Acts(const Moment&)>& plan,
+                       const std::function<void(const TracedEnd&, const Moment&)>& examine) {
+    MakePair();
+    std::vector<std::pair<Moment, Acts::value_type>> planned;
+    RunTraced(launch, Path(""), [&](Moment& now) {
+        for (const auto& act : plan(now)) planned.emplace_back(now, act);
+    });
+    const std::size_t most = std::min(runs, planned.size());
+    std::size_t disturbed = 0;
+    for (std::size_t i = 0; i < most && !HasFailure(); i += kStride) {
+        const auto& [moment, act] = planned[i * planned.size() / most];
+        SCOPED_TRACE("run " + std::to_string(i) + (moment.After ? ", after" : ", before") +
+                     " system call " + std::to_string(moment.Call) + " at moment " +
+                     std::to_string(moment.Index));
+        MakePair();
+        bool done = false;
+        const TracedEnd run = RunTraced(launch, Path(""), [&](Moment& now) {
+            if (done || now.Index < moment.Index || now.Call != moment.Call ||
+                now.After != moment.After)
+                return;
+            done = true;
+            act(now);
+        });
+        if (!done) continue;  // a run on another chance makes a call less
+        ++disturbed;
+        if (run.Signal != SIGKILL) {
+            EXPECT_TRUE(run.Status >= 0 && run.Status <= 2) << run.Status << " or " << run.Signal;
         }
+        examine(run, moment);
     }
-}
-
-void PairTest::ExpectNextSyncFinishes(const std::string& where) {
-    const cli::Ended run = cli::RunToEnd(Sync());
-    EXPECT_EQ(run.Status, 0) << where << run.Output << run.Error;
-    EXPECT_EQ(Slot(1), One() + "==========" + Two() + "====================0") << where;
-    ExpectSynced(where);
-}
-
-cli::Texts PairTest::State(const std::string& relative) const {
-    cli::Texts state;
-    const std::string root = Path(relative);
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(root)) {
-        struct stat status;
-        if (::lstat(entry.path().c_str(), &status) != 0) continue;
-        const std::string name = entry.path().string().substr(root.size() + 1);
-        state.push_back(name + ' ' + std::to_string(status.st_mode) + ' ' +
-                        std::to_string(status.st_mtim.tv_sec) + ' ' +
-                        std::to_string(status.st_mtim.tv_nsec) + ' ' +
-                        (S_ISREG(status.st_mode) ? Content(relative + '/' + name) : ""));
-    }
-    std::sort(state.begin(), state.end());
-    return state;
-}
-
-long PairTest::MomentsOf(const cli::Launch& launch) const {
-    return Traced(launch, [](const Moment&, const TracedMemory&) { return Fate::Go(); }).Moments;
+    EXPECT_GT(disturbed, most / kStride / 2);
 }
 
 }  // namespace reliability

@@ -1,8 +1,12 @@
 // What most of these tests start from: a pair of folders with a row of every kind, small and large,
-// and the demand that each path holds one of its versions, whole.
+// runs of the program that are disturbed at a moment, and the demand that each path then holds one
+// of its versions, whole.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <iosfwd>
 #include <map>
 #include <optional>
 #include <string>
@@ -15,15 +19,21 @@ namespace reliability {
 
 // Sanitized programs take ten times as long: they get every kStride-th moment.
 #if defined(__SANITIZE_ADDRESS__)
-inline constexpr long kStride = 10;
+inline constexpr std::size_t kStride = 10;
 #else
-inline constexpr long kStride = 1;
+inline constexpr std::size_t kStride = 1;
 #endif
 
 struct Version {
     std::string Content;
     std::int64_t Time = 0;  // seconds from 1970
+
+    bool operator==(const Version&) const = default;
 };
+
+void PrintTo(const Version& version, std::ostream* stream);
+
+using Versions = std::map<std::string, Version>;  // by relative path
 
 // One relative path: what the two sides hold before a sync, if anything. The newer one is what both
 // hold after it.
@@ -33,10 +43,13 @@ struct Subject {
     std::optional<Version> Two;
 
     const Version& Newest() const { return !Two || (One && One->Time > Two->Time) ? *One : *Two; }
-    const std::optional<Version>& Before(const std::string& side) const {
-        return side == "one" ? One : Two;
-    }
 };
+
+// As many runs of Disturb as there are acts.
+inline constexpr std::size_t kEach = SIZE_MAX;
+
+// What is done to a run at one of its moments.
+using Acts = std::vector<std::function<void(Moment&)>>;
 
 class PairTest : public cli::CliTest {
   protected:
@@ -45,48 +58,39 @@ class PairTest : public cli::CliTest {
     // `size` bytes that no other seed gives.
     static std::string Bytes(std::size_t size, char seed);
 
-    // New and replaced files both ways, empty, small and large ones, and one that is the same.
-    static std::vector<Subject> Everything();
-
     // Empties both folders and makes what Subjects says. The history holds one other pair.
     void MakePair();
 
-    // The second half of that, in folders that stand already.
-    void FillPair();
+    Versions VersionsIn(const std::string& folder) const;
 
     // Every path holds its old version or its new one, content and time, and nothing else is there
     // but temporary files of killed copies: the names of those. The history has lost nothing.
-    cli::Texts ExpectWhole(const std::string& where);
+    cli::Texts ExpectWhole() const;
 
     // Both folders hold the newest version of everything and nothing else.
-    void ExpectSynced(const std::string& where);
+    void ExpectSynced() const;
 
     // Whatever the rows say is done is done, and the tally is that of the rows.
-    void ExpectHonest(const cli::Ended& run, const std::string& where);
+    void ExpectHonest(const cli::Ended& run) const;
 
     // An undisturbed sync does what is left to do, and cleans up.
-    void ExpectNextSyncFinishes(const std::string& where);
-
-    cli::Ended Run(const cli::Texts& arguments) const { return cli::RunToEnd(Command(arguments)); }
-
-    // Path, kind, rights, time and content of everything below a folder.
-    cli::Texts State(const std::string& relative) const;
+    void ExpectNextSyncFinishes() const;
 
     cli::Launch Sync() const { return Command({"sync", "--format=json", One(), Two()}); }
 
-    // A sync under `watch`, its moments counted from the first call that names the test's folder.
-    TracedEnd Traced(const cli::Launch& launch, const Watch& watch) const {
-        return RunTraced(launch, Path(""), watch);
-    }
+    // Runs the program on a new pair once for each act that `plan` gives for a moment of an
+    // undisturbed run; more than `runs` of them are thinned out evenly. The act takes place at that
+    // moment, or at the next one of its kind where the system lists folders in another order.
+    // `examine` sees how the run ended, and the moment as it was without the act.
+    void Disturb(const cli::Launch& launch, std::size_t runs,
+                 const std::function<Acts(const Moment&)>& plan,
+                 const std::function<void(const TracedEnd&, const Moment&)>& examine);
 
-    // How many moments an undisturbed run has.
-    long MomentsOf(const cli::Launch& launch) const;
-
-    std::vector<Subject> Subjects = Everything();
+    // New and replaced files both ways, empty, small and large ones, and one that is the same.
+    std::vector<Subject> Subjects;
 
   private:
-    std::optional<Version> VersionAt(const std::string& relative) const;
-    std::vector<std::string> FilesBelow(const std::string& side) const;
+    Versions Newest() const;
 };
 
 }  // namespace reliability
