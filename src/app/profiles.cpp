@@ -67,7 +67,7 @@ std::int16_t FilterFlagOf(std::string_view text) {
     return result.ec == std::errc() ? flag : std::int16_t{0};
 }
 
-Profiles::Profiles(Parts parts) : parts_(std::move(parts)), slotFilters_(kProfileSlots) {}
+Profiles::Profiles(Parts parts) : parts_(std::move(parts)) {}
 
 std::string Profiles::ReadProfileValue(int slot) {
     return platform::Trimmed(parts_.Registry.ReadDefault(SlotKey(slot)));
@@ -87,8 +87,8 @@ void Profiles::LoadProfiles() {
         StoredProfile profile = ToProfile(slot, value);
         parts_.Combo1.AddEntry(profile.Folder1);
         parts_.Combo2.AddEntry(profile.Folder2);
-        slotFilters_[static_cast<std::size_t>(slot)] = {std::move(profile.FilterExtensions),
-                                                        profile.FilterOnlyMode};
+        filters_[{std::move(profile.Folder1), std::move(profile.Folder2)}] = {
+            std::move(profile.FilterExtensions), profile.FilterOnlyMode != 0};
     }
 }
 
@@ -101,9 +101,10 @@ void Profiles::PickProfile() {
     const int index = parts_.Combo1.ListIndex();
     if (index < 0) return;
     parts_.Combo2.Select(index);
-    const SlotFilter filter =
-        index < kProfileSlots ? slotFilters_[static_cast<std::size_t>(index)] : SlotFilter{};
-    parts_.Filter = {filter.FilterExtensions, filter.FilterOnlyMode != 0};
+    const auto entry = static_cast<std::size_t>(index);
+    const auto known =
+        filters_.find({parts_.Combo1.Entries()[entry], parts_.Combo2.Entries()[entry]});
+    parts_.Filter = known == filters_.end() ? rules::FileFilter() : known->second;
     parts_.DescribeFileFilter();
 }
 
@@ -132,30 +133,24 @@ void Profiles::AddPairToHistory(const std::string& folder1, const std::string& f
     if (IsNextFreeSlot(slot)) WriteProfileValue(Joined(folder1, folder2), slot);
 }
 
-void Profiles::SetSlotFilter(int slot, const std::string& filterExtensions,
-                             const std::string& flagText) {
-    slotFilters_[static_cast<std::size_t>(slot)] = {filterExtensions, FilterFlagOf(flagText)};
-}
-
 void Profiles::SaveProfile(const std::string& folder1, const std::string& folder2,
                            const std::string& filterExtensions, const std::string& flagText) {
     if (!CanBeStored(folder1, folder2)) return;
     const std::string pair = Joined(folder1, folder2);
     const std::string value = Joined(pair, Joined(filterExtensions, flagText));
+    filters_[{folder1, folder2}] = {filterExtensions, FilterFlagOf(flagText) != 0};
     int slot = 0;
     for (; slot < kProfileSlots; ++slot) {
         const std::string stored = ReadProfileValue(slot);
         if (stored.empty()) break;
         if (stored.find(pair) == std::string::npos) continue;
         WriteProfileValue(value, slot);
-        SetSlotFilter(slot, filterExtensions, flagText);
         return;
     }
     parts_.Registry.CreateKey(SlotKey(slot));
     parts_.Host.DoEvents();
     WriteProfileValue(value, slot);
     parts_.Host.DoEvents();
-    if (slot < kProfileSlots) SetSlotFilter(slot, filterExtensions, flagText);
 }
 
 bool Profiles::ClearProfiles() {

@@ -2,14 +2,16 @@
 // it, in a slot of the registry and in the two folder boxes.
 //
 // Slots are used from 0 upwards; the first one that reads as empty ends the list. The boxes show
-// the first 100 in parallel: entry i of both is slot i. Nothing here reports a failure: what
+// the first 100 in parallel, behind them what else is offered. Nothing here reports a failure: what
 // cannot be read is empty, what cannot be written is lost.
 #pragma once
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/dialogs.h"
@@ -88,17 +90,12 @@ class Profiles {
     void WriteProfileValue(const std::string& value, int slot);
 
   private:
-    struct SlotFilter {
-        std::string FilterExtensions;
-        std::int16_t FilterOnlyMode = 0;
-    };
-
     bool ShowsPair(const std::string& folder1, const std::string& folder2) const;
     bool IsNextFreeSlot(int slot);
-    void SetSlotFilter(int slot, const std::string& filterExtensions, const std::string& flagText);
 
     Parts parts_;
-    std::vector<SlotFilter> slotFilters_;
+    // By the pair, not by its slot: the boxes also list pairs that have none.
+    std::map<std::pair<std::string, std::string>, rules::FileFilter> filters_;
 };
 
 }  // namespace app
