@@ -133,10 +133,17 @@ TEST_F(ExportListsTest, AnExistingFileIsReplacedOnlyAfterYes) {
     EXPECT_EQ(folder.Names(), std::vector<std::string>());
 }
 
-// Takes every name for one that is still free.
-class NothingThere : public fakes::FakeFiles {
+// A device where every write fails for want of space; the report must not remove it.
+class FullDevice : public fakes::FakeFiles {
   public:
+    static constexpr const char* kPath = "/dev/full";
+
+    bool IsThere = true;
     std::vector<std::string> Removed;
+
+    platform::FileStatus Look(const std::string&) override {
+        return IsThere ? platform::FileStatus{{1, 0}, 0} : platform::FileStatus();
+    }
     platform::Outcome RemoveFile(const std::string& path) override {
         Removed.push_back(path);
         return {};
@@ -144,17 +151,20 @@ class NothingThere : public fakes::FakeFiles {
 };
 
 TEST_F(ExportListsTest, HalfAReportIsRemovedWhenItWasNotThereBefore) {
-    const std::string kFull = "/dev/full";  // every write fails for want of space
-    if (!platform::SystemFiles().Look(kFull).Exists()) GTEST_SKIP() << "no such device here";
-    NothingThere files;
-    ExportLists onFreeName({table, files, host, dialogs, shell, "Varnel"});
+    if (!platform::SystemFiles().Look(FullDevice::kPath).Exists())
+        GTEST_SKIP() << "no such device here";
+    FullDevice files;
+    ExportLists lists({table, files, host, dialogs, shell, "Varnel"});
     for (const std::size_t rows : {100'000u, 1u}) {  // one fits the buffer: only closing fails
         table.SameList.assign(rows, Row("s"));
-        EXPECT_EQ(lists.Export(ReportKind::Same, kFull, Overwrite::Yes), ExportResult::Failed);
-        EXPECT_TRUE(platform::SystemFiles().Look(kFull).Exists());
-        EXPECT_EQ(onFreeName.Export(ReportKind::Same, kFull, Overwrite::No), ExportResult::Failed);
+        for (const bool isThere : {true, false}) {
+            files.IsThere = isThere;
+            files.Removed.clear();
+            EXPECT_EQ(lists.Export(ReportKind::Same, FullDevice::kPath, Overwrite::Yes),
+                      ExportResult::Failed);
+            EXPECT_EQ(files.Removed.size(), isThere ? 0u : 1u);
+        }
     }
-    EXPECT_EQ(files.Removed, std::vector<std::string>(2, kFull));
     EXPECT_TRUE(dialogs.Messages.empty());
 }
 
