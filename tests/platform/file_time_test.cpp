@@ -22,8 +22,9 @@ TEST(FileTimeTest, FormatsLocalDates) {
         time.Seconds -= platform::LocalOffset(unixSeconds - platform::LocalOffset(unixSeconds));
         EXPECT_EQ(platform::FormatFileTime(time), text);
     }
-    for (const std::int64_t impossible : {INT64_MIN, INT64_MAX})
-        EXPECT_GE(platform::FormatFileTime({impossible, 999'999'999}).size(), 19u) << impossible;
+    // Beyond what any file system means: a text all the same, on the right side of today.
+    EXPECT_TRUE(platform::FormatFileTime({INT64_MIN, 0}).starts_with('-'));
+    EXPECT_FALSE(platform::FormatFileTime({INT64_MAX, 999'999'999}).starts_with('-'));
 }
 
 }  // namespace
