@@ -154,13 +154,13 @@ TEST_F(ExportListsTest, HalfAReportIsRemovedWhenItWasNotThereBefore) {
     if (!platform::SystemFiles().Look(FullDevice::kPath).Exists())
         GTEST_SKIP() << "no such device here";
     FullDevice files;
-    ExportLists lists({table, files, host, dialogs, shell, "Varnel"});
+    ExportLists onDevice({table, files, host, dialogs, shell, "Varnel"});
     for (const std::size_t rows : {100'000u, 1u}) {  // one fits the buffer: only closing fails
         table.SameList.assign(rows, Row("s"));
         for (const bool isThere : {true, false}) {
             files.IsThere = isThere;
             files.Removed.clear();
-            EXPECT_EQ(lists.Export(ReportKind::Same, FullDevice::kPath, Overwrite::Yes),
+            EXPECT_EQ(onDevice.Export(ReportKind::Same, FullDevice::kPath, Overwrite::Yes),
                       ExportResult::Failed);
             EXPECT_EQ(files.Removed.size(), isThere ? 0u : 1u);
         }
