@@ -22,31 +22,20 @@ inline void Require(bool holds, const char* property) {
     std::abort();
 }
 
-inline std::string_view Bytes(const std::uint8_t* data, std::size_t size) {
+inline std::string Text(const std::uint8_t* data, std::size_t size) {
     return {reinterpret_cast<const char*>(data), size};
 }
 
-// The texts of an input. Its last byte ends each of them: seeds are files of lines, and yet any
-// byte can stand in a text.
-inline std::vector<std::string> Texts(std::string_view input) {
+// The texts of an input, at least so many. Its last byte ends each of them: seeds are files of
+// lines, and yet any byte can stand in a text.
+inline std::vector<std::string> Texts(const std::uint8_t* data, std::size_t size,
+                                      std::size_t least = 0) {
+    const std::string input = Text(data, size);
     std::vector<std::string> texts;
-    while (!input.empty()) {
-        const std::size_t end = input.find(input.back());
-        texts.emplace_back(input.substr(0, end));
-        input.remove_prefix(end + 1);
-    }
+    for (std::size_t at = 0; at < size; at += texts.back().size() + 1)
+        texts.push_back(input.substr(at, input.find(input.back(), at) - at));
+    if (texts.size() < least) texts.resize(least);
     return texts;
-}
-
-// The n-th text, empty behind the last.
-inline std::string TextAt(const std::vector<std::string>& texts, std::size_t n) {
-    return n < texts.size() ? texts[n] : std::string();
-}
-
-inline std::string Trimmed(const std::string& text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 }  // namespace fuzzing
