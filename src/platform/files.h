@@ -80,7 +80,8 @@ class FileSystem {
   public:
     virtual ~FileSystem() = default;
 
-    // Null with `outcome` set when the folder cannot be opened for listing.
+    // Null with `outcome` set when the folder cannot be opened. One that may be entered but not be
+    // listed opens where the system allows it; List fails then.
     virtual std::unique_ptr<Folder> OpenFolder(const std::string& path, Outcome& outcome) = 0;
 
     virtual bool FolderExists(const std::string& path) = 0;

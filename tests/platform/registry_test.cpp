@@ -36,7 +36,7 @@ TEST_F(RegistryTest, KeysAreMadeWithThoseAboveAndDeletedOneByOne) {
     Write("a\\b\\c", "deep");
     Write("a\\b", "middle");
     Create("a\\b");
-    store_.DeleteKey(own_.Key("a"));
+    store_.DeleteKey(own_.Key("a\\b"));
     EXPECT_EQ(Read("a\\b"), "middle") << "a key with others below stays";
     EXPECT_EQ(Read("a\\b\\c"), "deep");
     for (const char* key : {"a\\b\\c", "a\\b", "a", "a"}) store_.DeleteKey(own_.Key(key));

@@ -46,6 +46,14 @@ class Key {
         return value;
     }
 
+    bool HasSubkeys() const {
+        DWORD count = 0;
+        return key_ &&
+               ::RegQueryInfoKeyA(key_, nullptr, nullptr, nullptr, &count, nullptr, nullptr,
+                                  nullptr, nullptr, nullptr, nullptr, nullptr) == 0 &&
+               count != 0;
+    }
+
     bool Write(const std::string& value) const {
         return key_ && ::RegSetValueExA(key_, nullptr, 0, REG_SZ,
                                         reinterpret_cast<const BYTE*>(value.c_str()),
@@ -90,8 +98,10 @@ class WindowsRegistry : public Registry {
     void DeleteKey(const std::string& key) override {
         ::RegDeleteKeyA(HKEY_CURRENT_USER, (kUserStore + key).c_str());
         const LSTATUS result = ::RegDeleteKeyA(HKEY_LOCAL_MACHINE, key.c_str());
-        // What may not be deleted is hidden by an empty value.
-        if (result == ERROR_ACCESS_DENIED && !ReadDefault(key).empty()) WriteOwn(key, {});
+        // What may not be deleted is hidden by an empty value. Subkeys get the same answer.
+        if (result == ERROR_ACCESS_DENIED && !ReadDefault(key).empty() &&
+            !Key(HKEY_LOCAL_MACHINE, key, KEY_QUERY_VALUE).HasSubkeys())
+            WriteOwn(key, {});
     }
 
   private:

@@ -36,12 +36,6 @@ TEST_F(PosixRegistryTest, WhatIsNoValueReadsAsEmpty) {
     }
 }
 
-TEST_F(PosixRegistryTest, AKeyWithOthersBelowKeepsItsValue) {
-    store_.CreateKey("P0\\below");
-    store_.DeleteKey("P0");
-    EXPECT_EQ(store_.ReadDefault("P0"), "kept");
-}
-
 TEST_F(PosixRegistryTest, AStoreThatMayNotBeWrittenKeepsItsValues) {
     ::chmod(file_.c_str(), 0444);
     for (const char* folder : {"", "/varnel", "/varnel/P0"})
