@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/paths.h"
+#include "platform/trimmed.h"
 
 namespace app {
 
@@ -28,12 +29,6 @@ struct CloseFile {
     void operator()(std::FILE* file) const { std::fclose(file); }
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
-
-std::string_view WithoutOuterBlanks(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 // Hands out the lines of a file without their ends; of one that is too long, nothing. Reads by
 // blocks and keeps one line, whatever the file holds.
@@ -75,7 +70,7 @@ bool SplitFields(std::string_view line, std::array<std::string_view, kFields>& f
 }
 
 bool IsPlainDestination(std::string_view kindField) {
-    const std::string_view text = WithoutOuterBlanks(kindField);
+    const std::string_view text = platform::Trimmed(kindField);
     const char* const end = text.data() + text.size();
     double kind = 0;
     const auto result = std::from_chars(text.data(), end, kind);
@@ -144,7 +139,7 @@ void ImportCompanionJobs(platform::FileSystem& files, const std::string& folder,
     PairBoxes boxes(combo1, combo2);
     ForEachLine(file.get(), [&](std::string_view line) {
         if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-        ImportJob(WithoutOuterBlanks(line), boxes);
+        ImportJob(platform::Trimmed(line), boxes);
     });
 }
 

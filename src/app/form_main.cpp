@@ -15,7 +15,7 @@ const std::string kTitle(kApplicationTitle);
 
 // A shortcut puts a path with blanks between quotes; no path holds one.
 std::string Unquoted(std::string_view part) {
-    std::string text = platform::Trimmed(part);
+    std::string text(platform::Trimmed(part));
     if (text.size() >= 2 && text.front() == '"' && text.back() == '"')
         text = text.substr(1, text.size() - 2);
     return text;
@@ -240,8 +240,9 @@ platform::Label& FormMain::DirectionCell(int row) {
 void FormMain::EditFileFilter() {
     FilterDialog.Edit(Window);
     DescribeFileFilter();
-    profiles_.SaveProfile(platform::Trimmed(Combo1.Text()), platform::Trimmed(Combo2.Text()),
-                          Filter.FilterExtensions, FilterFlagText(Filter.FilterOnlyMode));
+    profiles_.SaveProfile(std::string(platform::Trimmed(Combo1.Text())),
+                          std::string(platform::Trimmed(Combo2.Text())), Filter.FilterExtensions,
+                          FilterFlagText(Filter.FilterOnlyMode));
 }
 
 // Both pickers ask for Folder 1; the wording is kept.

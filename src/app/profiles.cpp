@@ -70,7 +70,7 @@ std::int16_t FilterFlagOf(std::string_view text) {
 Profiles::Profiles(Parts parts) : parts_(std::move(parts)) {}
 
 std::string Profiles::ReadProfileValue(int slot) {
-    return platform::Trimmed(parts_.Registry.ReadDefault(SlotKey(slot)));
+    return std::string(platform::Trimmed(parts_.Registry.ReadDefault(SlotKey(slot))));
 }
 
 void Profiles::WriteProfileValue(const std::string& value, int slot) {

@@ -39,8 +39,8 @@ void CompareCommand::Compare() {
     SetCaptionAndYield(panel_.Command3, "Stop");
 
     // Read once: what is typed into the boxes meanwhile belongs to the next comparison.
-    const std::string folder1 = platform::Trimmed(parts_.Owner.FolderText1());
-    const std::string folder2 = platform::Trimmed(parts_.Owner.FolderText2());
+    const std::string folder1(platform::Trimmed(parts_.Owner.FolderText1()));
+    const std::string folder2(platform::Trimmed(parts_.Owner.FolderText2()));
     if (!Validate(folder1, folder2)) {
         panel_.Command3.SetCaption("Compare");
         return;

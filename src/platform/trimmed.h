@@ -1,16 +1,15 @@
 // Texts as people type them.
 #pragma once
 
-#include <string>
 #include <string_view>
 
 namespace platform {
 
-// Without the blanks around it.
-inline std::string Trimmed(std::string_view text) {
+// The text without the blanks around it; points into `text`.
+inline std::string_view Trimmed(std::string_view text) {
     const std::size_t first = text.find_first_not_of(' ');
     if (first == std::string_view::npos) return {};
-    return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 }  // namespace platform

@@ -214,18 +214,19 @@ bool ExportLists::Write(ReportKind kind, const std::string& fileName) {
 }
 
 std::string ExportLists::AskExportFileName() {
-    return platform::Trimmed(parts_.Dialogs.AskSaveName({"Export file name to a text file",
-                                                         {{"Text Files (*.txt)", "*.txt"}},
-                                                         ExportKind + "Files",
-                                                         "txt"}));
+    return std::string(
+        platform::Trimmed(parts_.Dialogs.AskSaveName({"Export file name to a text file",
+                                                      {{"Text Files (*.txt)", "*.txt"}},
+                                                      ExportKind + "Files",
+                                                      "txt"})));
 }
 
 std::string ExportLists::AskTextFileName() {
-    return platform::Trimmed(
+    return std::string(platform::Trimmed(
         parts_.Dialogs.AskOpenName({"Select a text file",
                                     {{"Text Files (*.txt)", "*.txt"}, {"All Files (*.*)", "*.*"}},
                                     {},
-                                    {}}));
+                                    {}})));
 }
 
 void ExportLists::mnuOpen() {

@@ -5,6 +5,8 @@
 #include <unordered_set>
 #include <utility>
 
+#include "platform/trimmed.h"
+
 namespace rules {
 
 namespace {
@@ -27,12 +29,6 @@ bool IsAsciiLetterOrDigit(char32_t key) {
 // and pasting work, though backspace and whatever else an extension cannot hold do not.
 bool IsEditingShortcut(char32_t key) {
     return key == 1 || key == 3 || key == 22 || key == 24 || key == 26;
-}
-
-std::string_view WithoutOuterBlanks(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 char LowerAscii(char c) {
@@ -136,7 +132,7 @@ void FilterDialog::AddEntries(std::string_view text, char separator, std::size_t
 }
 
 void FilterDialog::AddTyped() {
-    std::string typed(WithoutOuterBlanks(TextAddto.Text()));
+    std::string typed(platform::Trimmed(TextAddto.Text()));
     std::transform(typed.begin(), typed.end(), typed.begin(), LowerAscii);
     AddEntries(typed, ',', kMostTypedPieces);
 }

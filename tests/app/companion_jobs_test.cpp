@@ -1,5 +1,7 @@
 #include "app/companion_jobs.h"
 
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -66,6 +68,15 @@ TEST_F(CompanionJobsTest, ALineIsAPairOrIsSkipped) {
         Import(line + "\n" + Job("/good", "/pair") + "\r\n" + line);
         EXPECT_EQ(Pairs(), pair.empty() ? Texts{"/good|/pair"} : (Texts{pair, "/good|/pair"}));
     }
+}
+
+TEST_F(CompanionJobsTest, AnEndlessLineIsSkipped) {
+    folder.WriteFile("Q7DB.qdb", Job("/first", "/pair") + '\n');
+    const std::filesystem::path file = folder.Path("Q7DB.qdb");
+    std::filesystem::resize_file(file, 100'000'000);  // NUL bytes
+    std::ofstream(file, std::ios::app | std::ios::binary) << '\n' + Job("/good", "/pair");
+    ImportCompanionJobs(platform::SystemFiles(), folder.Path(), combo1, combo2);
+    EXPECT_EQ(Pairs(), (Texts{"/first|/pair", "/good|/pair"}));
 }
 
 TEST_F(CompanionJobsTest, PairsKeepTheirOrderAndAreListedOnce) {
