@@ -1,24 +1,14 @@
 #include "fakes/fake_files.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "platform/paths.h"
 
 namespace fakes {
 
+using platform::EntryKind;
 using platform::FileStatus;
 using platform::Outcome;
-
-struct FakeFiles::Node {
-    std::string Name;  // whole, "1/sub"
-    std::uint64_t Index = 0;
-    bool IsFolder = true;
-    bool CanBeListed = true;
-    FileStatus Status;
-    std::map<std::string, std::unique_ptr<Node>, std::less<>> Entries;
-    std::vector<Node*> Order;  // of the entries
-};
 
 namespace {
 
@@ -32,50 +22,45 @@ std::string_view LastPart(std::string_view name) {
     return name.substr(name.rfind('/') + 1);
 }
 
+std::string_view FolderOf(std::string_view name) {
+    return name.substr(0, name.find('/') == name.npos ? 0 : name.rfind('/'));
+}
+
 }  // namespace
 
 class FakeFiles::OpenedFolder : public platform::Folder {
   public:
-    OpenedFolder(FakeFiles& files, Node& node) : files_(files), node_(node) {}
+    OpenedFolder(FakeFiles& files, std::string name) : files_(files), name_(std::move(name)) {}
 
     Outcome List(platform::TextArena& names, platform::Listing& listing) override {
-        ++files_.Listings[node_.Name];
-        if (!node_.CanBeListed) return {"list folder", "", "refused"};
-        for (const Node* entry : node_.Order) {
-            const std::string_view kept = names.Keep(LastPart(entry->Name));
-            listing.Entries.push_back(
-                {kept.data(), static_cast<std::uint16_t>(kept.size()),
-                 entry->IsFolder ? platform::EntryKind::Folder : platform::EntryKind::File});
-            if (files_.ListsStatuses) listing.Statuses.push_back(entry->Status);
+        ++files_.Listings[name_];
+        for (const std::string& entry : files_.Find(name_)->Entries) {
+            const Node& node = *files_.Find(Whole(entry));
+            const std::string_view kept = names.Keep(entry);
+            listing.Entries.push_back({kept.data(), static_cast<std::uint16_t>(kept.size()),
+                                       node.IsFolder ? EntryKind::Folder : EntryKind::File});
+            if (files_.ListsStatuses) listing.Statuses.push_back(node.Status);
         }
         return {};
     }
-    FileStatus Look(const char* name) override {
-        return files_.CountedLook(Entry(name), node_.Name + '/' + name);
-    }
+    FileStatus Look(const char* name) override { return files_.CountedLook(Whole(name)); }
     bool IsFolder(const char* name) override {
-        const Node* node = Entry(name);
+        const Node* node = files_.Find(Whole(name));
         return node && node->IsFolder;
     }
     std::unique_ptr<Folder> Open(const char* relativePath, Outcome& outcome) override {
-        return files_.Open(files_.Find(node_.Name + '/' + NameOf(relativePath)), outcome);
+        return files_.Open(Whole(NameOf(relativePath)), outcome);
     }
     std::optional<platform::FolderIdentity> Identity() override {
-        return platform::FolderIdentity{1, node_.Index};
+        return platform::FolderIdentity{1, files_.Find(name_)->Index};
     }
 
   private:
-    const Node* Entry(std::string_view name) const {
-        const auto found = node_.Entries.find(name);
-        return found == node_.Entries.end() ? nullptr : found->second.get();
-    }
+    std::string Whole(const std::string& name) const { return name_ + '/' + name; }
 
     FakeFiles& files_;
-    Node& node_;
+    const std::string name_;
 };
-
-FakeFiles::FakeFiles() : top_(std::make_unique<Node>()) {}
-FakeFiles::~FakeFiles() = default;
 
 std::string FakeFiles::Path(std::string_view name) {
     return platform::Separator + Replaced(name, '/', platform::Separator);
@@ -88,27 +73,18 @@ std::string FakeFiles::NameOf(std::string_view path) {
     return name;
 }
 
-FakeFiles::Node* FakeFiles::Find(std::string_view name) const {
-    Node* node = top_.get();
-    while (node && !name.empty()) {
-        const std::size_t end = std::min(name.find('/'), name.size());
-        const auto found = node->Entries.find(name.substr(0, end));
-        node = found == node->Entries.end() ? nullptr : found->second.get();
-        name.remove_prefix(std::min(end + 1, name.size()));
-    }
-    return node;
+const FakeFiles::Node* FakeFiles::Find(std::string_view name) const {
+    const auto found = nodes_.find(name);
+    return found == nodes_.end() ? nullptr : &found->second;
 }
 
 FakeFiles::Node& FakeFiles::MakeFolders(std::string_view name) {
-    if (Node* node = Find(name)) return *node;
-    const std::size_t slash = name.rfind('/');
-    Node& parent = slash == name.npos ? *top_ : MakeFolders(name.substr(0, slash));
-    auto& node = parent.Entries[std::string(LastPart(name))];
-    node = std::make_unique<Node>();
-    node->Name = name;
-    node->Index = ++nextIndex_;
-    parent.Order.push_back(node.get());
-    return *node;
+    const auto [made, isNew] = nodes_.try_emplace(std::string(name));
+    if (isNew) {
+        made->second.Index = ++nextIndex_;
+        if (!name.empty()) MakeFolders(FolderOf(name)).Entries.emplace_back(LastPart(name));
+    }
+    return made->second;
 }
 
 void FakeFiles::AddFile(std::string_view name, platform::FileTime time, std::int64_t size) {
@@ -122,16 +98,11 @@ void FakeFiles::AddFolder(std::string_view name) {
 }
 
 void FakeFiles::Remove(std::string_view name) {
-    const std::size_t slash = name.rfind('/');
-    Node* parent = Find(slash == name.npos ? std::string_view() : name.substr(0, slash));
     if (!Find(name)) return;
-    const auto found = parent->Entries.find(LastPart(name));
-    std::erase(parent->Order, found->second.get());
-    parent->Entries.erase(found);
-}
-
-void FakeFiles::RefuseListing(std::string_view folder) {
-    Find(folder)->CanBeListed = false;
+    std::erase(MakeFolders(FolderOf(name)).Entries, LastPart(name));
+    std::erase_if(nodes_, [name](const auto& node) {
+        return node.first == name || node.first.starts_with(std::string(name) + '/');
+    });
 }
 
 FileStatus FakeFiles::StatusOf(std::string_view name) const {
@@ -139,19 +110,20 @@ FileStatus FakeFiles::StatusOf(std::string_view name) const {
     return node ? node->Status : FileStatus{};
 }
 
-FileStatus FakeFiles::CountedLook(const Node* node, const std::string& name) {
+FileStatus FakeFiles::CountedLook(const std::string& name) {
     ++Looks[name];
-    return node ? node->Status : FileStatus{};
+    return StatusOf(name);
 }
 
-std::unique_ptr<platform::Folder> FakeFiles::Open(Node* node, Outcome& outcome) {
-    if (node && node->IsFolder) return std::make_unique<OpenedFolder>(*this, *node);
+std::unique_ptr<platform::Folder> FakeFiles::Open(const std::string& name, Outcome& outcome) {
+    const Node* node = Find(name);
+    if (node && node->IsFolder) return std::make_unique<OpenedFolder>(*this, name);
     outcome = {"open folder", "", "no such folder"};
     return nullptr;
 }
 
 std::unique_ptr<platform::Folder> FakeFiles::OpenFolder(const std::string& path, Outcome& outcome) {
-    return Open(Find(NameOf(path)), outcome);
+    return Open(NameOf(path), outcome);
 }
 
 bool FakeFiles::FolderExists(const std::string& path) {
@@ -160,16 +132,14 @@ bool FakeFiles::FolderExists(const std::string& path) {
 }
 
 FileStatus FakeFiles::Look(const std::string& path) {
-    const std::string name = NameOf(path);
-    return CountedLook(Find(name), name);
+    return CountedLook(NameOf(path));
 }
 
 Outcome FakeFiles::CreateFolder(const std::string& path) {
     const std::string name = NameOf(path);
     CreatedFolders.push_back(name);
-    const std::size_t slash = name.rfind('/');
-    if (Find(name) || slash == name.npos || !Find(name.substr(0, slash)))
-        return {"create folder", path, "refused"};
+    const std::string_view folder = FolderOf(name);
+    if (Find(name) || folder.empty() || !Find(folder)) return {"create folder", path, "refused"};
     AddFolder(name);
     return {};
 }
@@ -181,7 +151,7 @@ Outcome FakeFiles::CopyOver(const std::string& from, const std::string& to,
     Copies.push_back(source + " > " + target);
     whileCopying();
     const Node* existing = Find(target);
-    const bool reached = CopiesMakeFolders || Find(target.substr(0, target.rfind('/')));
+    const bool reached = CopiesMakeFolders || Find(FolderOf(target));
     if (!StatusOf(source).Exists() || !reached || (existing && existing->IsFolder) ||
         (RefusesCopy && RefusesCopy(source, target)))
         return {"copy", from, "refused"};

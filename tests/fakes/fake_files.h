@@ -18,9 +18,6 @@ namespace fakes {
 
 class FakeFiles : public platform::FileSystem {
   public:
-    FakeFiles();
-    ~FakeFiles() override;
-
     static std::string Path(std::string_view name);
     // The other way round, "1/sub/a" of a full path.
     static std::string NameOf(std::string_view path);
@@ -29,7 +26,6 @@ class FakeFiles : public platform::FileSystem {
     void AddFile(std::string_view name, platform::FileTime time, std::int64_t size);
     void AddFolder(std::string_view name);
     void Remove(std::string_view name);  // if it is there
-    void RefuseListing(std::string_view folder);
     platform::FileStatus StatusOf(std::string_view name) const;
 
     // Listings carry times and sizes, as on some systems.
@@ -56,15 +52,20 @@ class FakeFiles : public platform::FileSystem {
     void RemoveLeftover(const std::string& path) override;
 
   private:
-    struct Node;
+    struct Node {
+        bool IsFolder = true;
+        std::uint64_t Index = 0;
+        platform::FileStatus Status;
+        std::vector<std::string> Entries;  // their last names, in order
+    };
     class OpenedFolder;
 
-    Node* Find(std::string_view name) const;
+    const Node* Find(std::string_view name) const;
     Node& MakeFolders(std::string_view name);
-    std::unique_ptr<platform::Folder> Open(Node* node, platform::Outcome& outcome);
-    platform::FileStatus CountedLook(const Node* node, const std::string& name);
+    std::unique_ptr<platform::Folder> Open(const std::string& name, platform::Outcome& outcome);
+    platform::FileStatus CountedLook(const std::string& name);
 
-    std::unique_ptr<Node> top_;
+    std::map<std::string, Node, std::less<>> nodes_;  // by whole name, "1/sub"
     std::uint64_t nextIndex_ = 0;
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <cstdio>
 #include <stdexcept>
 
@@ -26,24 +27,17 @@ void TempFolder::WriteFile(std::string_view relative, std::string_view content,
 platform::FileTime Time(const char* text) {
     int year = 0;
     unsigned month = 0, day = 0;
-    int hour = 0, minute = 0, second = 0, length = 0;
-    std::sscanf(text, "%d-%u-%u %d:%d:%d%n", &year, &month, &day, &hour, &minute, &second, &length);
-    std::string_view rest = std::string_view(text).substr(static_cast<std::size_t>(length));
-    platform::FileTime time;
-    if (rest.starts_with('.')) {
-        rest.remove_prefix(1);
-        for (std::int32_t unit = 100'000'000; !rest.empty() && rest[0] >= '0' && rest[0] <= '9';
-             unit /= 10) {
-            time.Nanoseconds += (rest[0] - '0') * unit;
-            rest.remove_prefix(1);
-        }
-    }
-    if (length == 0 || rest != " UTC") throw std::invalid_argument(text);
+    int hour = 0, minute = 0, length = 0;
+    double second = 0;
+    std::sscanf(text, "%d-%u-%u %d:%d:%lf UTC%n", &year, &month, &day, &hour, &minute, &second,
+                &length);
+    if (length == 0) throw std::invalid_argument(text);
     const std::chrono::sys_days date{std::chrono::year(year) / std::chrono::month(month) /
                                      std::chrono::day(day)};
-    time.Seconds = date.time_since_epoch().count() * 86400LL + hour * 3600 + minute * 60 + second +
-                   platform::kUnixOrigin;
-    return time;
+    const auto whole = static_cast<int>(second);
+    return {date.time_since_epoch().count() * 86400LL + hour * 3600 + minute * 60 + whole +
+                platform::kUnixOrigin,
+            static_cast<std::int32_t>(std::lround((second - whole) * 1e9))};
 }
 
 }  // namespace fakes
