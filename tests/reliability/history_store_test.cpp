@@ -1,4 +1,4 @@
-// The history store out of reach and after a killed run.
+// The history store: full, out of reach, and after a killed run.
 #include <filesystem>
 
 #include "cli/cli_fixture.h"
@@ -32,6 +32,12 @@ TEST_F(HistoryStore, APairThatCannotBeReadIsKeptAndHidesNoOther) {
         fs::permissions(locked, fs::perms(0777));
         for (int slot = 0; slot < 3; ++slot) EXPECT_EQ(Slot(slot), Pair(slot));
     }
+}
+
+TEST_F(HistoryStore, AThousandPairsStayWhenAnotherOneComes) {
+    for (int slot = 0; slot < 1000; ++slot) SetSlot(slot, Pair(slot));
+    for (int run = 0; run < 2; ++run) EXPECT_EQ(Cli("compare one two").Status, 0);
+    for (int slot = 0; slot < 1000; ++slot) EXPECT_EQ(Slot(slot), Pair(slot));
 }
 
 TEST_F(HistoryStore, ClearingTakesWhatAKilledRunLeft) {

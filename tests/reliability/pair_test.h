@@ -58,7 +58,8 @@ class PairTest : public cli::CliTest {
     // `size` bytes that no other seed gives.
     static std::string Bytes(std::size_t size, char seed);
 
-    // Empties both folders and makes what Subjects says. The history holds one other pair.
+    // Empties both folders and makes what Subjects says. The history holds another pair and this
+    // one, with a filter.
     void MakePair();
 
     Versions VersionsIn(const std::string& folder) const;
@@ -90,6 +91,7 @@ class PairTest : public cli::CliTest {
     std::vector<Subject> Subjects;
 
   private:
+    std::string Remembered(const std::string& filter) const;
     Versions Newest() const;
 };
 

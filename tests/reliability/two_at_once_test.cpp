@@ -34,13 +34,13 @@ TEST_F(TwoAtOnce, ASyncWithNothingToDoDisturbsNoOther) {
 
 TEST_F(TwoAtOnce, BothPairsAreRemembered) {
     Subjects.clear();
-    MakeFolder("three");
-    const cli::Launch first = Command({"compare", One(), Two()});
-    Hold(first, Command({"compare", Path("three"), Two()}), [this] {
-        cli::Texts pairs = {Slot(1), Slot(2)};
+    for (const char* folder : {"three", "four"}) MakeFolder(folder);
+    const cli::Launch first = Command({"compare", Path("three"), Two()});
+    Hold(first, Command({"compare", Path("four"), Two()}), [this] {
+        cli::Texts pairs = {Slot(2), Slot(3)};
         std::sort(pairs.begin(), pairs.end());
         const std::string rest = "==========" + Two() + "====================0";
-        EXPECT_EQ(pairs, (cli::Texts{One() + rest, Path("three") + rest}));
+        EXPECT_EQ(pairs, (cli::Texts{Path("four") + rest, Path("three") + rest}));
     });
 }
 
