@@ -71,10 +71,13 @@ class Tracer {
             std::copy(std::begin(info.entry.args), std::end(info.entry.args), moment_.Arguments);
             counting_ = counting_ || NamesFrom();
             calls_ += counting_;
+            if (moment_.Call == SYS_pipe2) probing_ = kCallsOfAProbe;
         }
         if (moment_.Instead) {  // this is the way out of the call that was not made
             SetRegister(moment_.Process, Register::Result, *moment_.Instead);
             moment_.Instead.reset();
+        } else if (probing_ != 0) {
+            probing_ -= moment_.After;
         } else if (counting_ && ConcernsFiles(moment_.Call)) {
             watch_(moment_);
             ++moment_.Index;
@@ -89,6 +92,9 @@ class Tracer {
     const std::string from_;
     const Watch& watch_;
     bool counting_;
+    // A sanitizer finds out whether memory may be read by writing it into a pipe of its own.
+    static constexpr int kCallsOfAProbe = 4;
+    int probing_ = 0;
     long calls_ = 0;
     Moment moment_;
 };
