@@ -87,8 +87,8 @@ void Profiles::LoadProfiles() {
         StoredProfile profile = ToProfile(slot, value);
         parts_.Combo1.AddEntry(profile.Folder1);
         parts_.Combo2.AddEntry(profile.Folder2);
-        filters_[{std::move(profile.Folder1), std::move(profile.Folder2)}] = {
-            std::move(profile.FilterExtensions), profile.FilterOnlyMode != 0};
+        filters_[static_cast<std::size_t>(slot)] = {std::move(profile.FilterExtensions),
+                                                    profile.FilterOnlyMode != 0};
     }
 }
 
@@ -101,21 +101,20 @@ void Profiles::PickProfile() {
     const int index = parts_.Combo1.ListIndex();
     if (index < 0) return;
     parts_.Combo2.Select(index);
-    const auto entry = static_cast<std::size_t>(index);
-    const auto known =
-        filters_.find({parts_.Combo1.Entries()[entry], parts_.Combo2.Entries()[entry]});
+    const auto known = filters_.find(static_cast<std::size_t>(index));
     parts_.Filter = known == filters_.end() ? rules::FileFilter() : known->second;
     parts_.DescribeFileFilter();
 }
 
-bool Profiles::ShowsPair(const std::string& folder1, const std::string& folder2) const {
+std::optional<std::size_t> Profiles::EntryOf(const std::string& folder1,
+                                             const std::string& folder2) const {
     const std::vector<std::string>& entries1 = parts_.Combo1.Entries();
     const std::vector<std::string>& entries2 = parts_.Combo2.Entries();
     for (std::size_t i = 0; i < std::min(entries1.size(), entries2.size()); ++i) {
-        if (entries1[i].empty()) return false;
-        if (entries1[i] == folder1 && entries2[i] == folder2) return true;
+        if (entries1[i].empty()) break;
+        if (entries1[i] == folder1 && entries2[i] == folder2) return i;
     }
-    return false;
+    return std::nullopt;
 }
 
 // The boxes may list fewer pairs than are stored (a pair not shown must not be overwritten) and
@@ -126,7 +125,7 @@ bool Profiles::IsNextFreeSlot(int slot) {
 }
 
 void Profiles::AddPairToHistory(const std::string& folder1, const std::string& folder2) {
-    if (!CanBeStored(folder1, folder2) || ShowsPair(folder1, folder2)) return;
+    if (!CanBeStored(folder1, folder2) || EntryOf(folder1, folder2)) return;
     parts_.Combo1.AddEntry(folder1);
     parts_.Combo2.AddEntry(folder2);
     const int slot = static_cast<int>(parts_.Combo1.Entries().size()) - 1;
@@ -138,7 +137,10 @@ void Profiles::SaveProfile(const std::string& folder1, const std::string& folder
     if (!CanBeStored(folder1, folder2)) return;
     const std::string pair = Joined(folder1, folder2);
     const std::string value = Joined(pair, Joined(filterExtensions, flagText));
-    filters_[{folder1, folder2}] = {filterExtensions, FilterFlagOf(flagText) != 0};
+    // A pair that is not listed yet takes the next entry.
+    const std::size_t next = parts_.Combo1.Entries().size();
+    filters_[EntryOf(folder1, folder2).value_or(next)] = {filterExtensions,
+                                                          FilterFlagOf(flagText) != 0};
     int slot = 0;
     for (; slot < kProfileSlots; ++slot) {
         const std::string stored = ReadProfileValue(slot);

@@ -9,9 +9,9 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "platform/dialogs.h"
@@ -90,12 +90,13 @@ class Profiles {
     void WriteProfileValue(const std::string& value, int slot);
 
   private:
-    bool ShowsPair(const std::string& folder1, const std::string& folder2) const;
+    std::optional<std::size_t> EntryOf(const std::string& folder1,
+                                       const std::string& folder2) const;
     bool IsNextFreeSlot(int slot);
 
     Parts parts_;
-    // By the pair, not by its slot: the boxes also list pairs that have none.
-    std::map<std::pair<std::string, std::string>, rules::FileFilter> filters_;
+    // By the entry of the boxes, not by the slot: they also list pairs that have none.
+    std::map<std::size_t, rules::FileFilter> filters_;
 };
 
 }  // namespace app

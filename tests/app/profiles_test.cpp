@@ -82,7 +82,8 @@ TEST_F(ProfilesTest, PickingRestoresThePairAndItsFilter) {
     Load({});
     profiles.PickFirstProfile();
     EXPECT_EQ(form.Combo1.Text(), "") << "there is none";
-    Load({"/a|/b|/txt", "/c|/d|/txt/doc|-1", "/e|/f|/jpg|0"});
+    Load({"/a|/b|/txt", "/c|/d|/txt/doc|-1", "/e|/f|/jpg|0", "/c|/d|/bmp|0"});
+    EXPECT_EQ(Picked(3), "/c|/d|/bmp|0") << "a pair that stands there twice";
     EXPECT_EQ(Picked(1), "/c|/d|/txt/doc|-1");
     EXPECT_EQ(Picked(2), "/e|/f|/jpg|0");
     profiles.PickFirstProfile();
