@@ -164,11 +164,13 @@ void PairTest::Disturb(const cli::Launch& launch, std::size_t runs,
                      std::to_string(moment.Index));
         MakePair();
         bool done = false;
+        Moment disturbedAt = moment;  // a run on another chance gets there a call later
         const TracedEnd run = RunTraced(launch, Path(""), [&](Moment& now) {
             if (done || now.Index < moment.Index || now.Call != moment.Call ||
                 now.After != moment.After)
                 return;
             done = true;
+            disturbedAt = now;
             act(now);
         });
         if (!done) continue;  // a run on another chance makes a call less
@@ -176,7 +178,7 @@ void PairTest::Disturb(const cli::Launch& launch, std::size_t runs,
         if (run.Signal != SIGKILL) {
             EXPECT_TRUE(run.Status >= 0 && run.Status <= 2) << run.Status << " or " << run.Signal;
         }
-        examine(run, moment);
+        examine(run, disturbedAt);
     }
     EXPECT_GT(disturbed, most / kStride / 2);
 }
