@@ -1,7 +1,5 @@
 // Interrupts, and the countdown on a terminal. The system itself sends an interrupt when the
 // program does something in a folder: so it comes at the same moment of every run.
-#include <regex>
-
 #include <fcntl.h>
 #include <signal.h>
 #include <unistd.h>
@@ -78,8 +76,10 @@ TEST_F(Signals, TheSecondOneEndsTheRunAtOnce) {
 
 TEST_F(Signals, TheCountdownIsShownOnATerminalAndWiped) {
     const std::string shown = CliOnTerminal("sync --dry-run -q one two").Terminal;
-    const std::regex countdown("\rComparing \\.\\.\\.(\r[0-9]+ *)*\r {13}\r");
-    EXPECT_TRUE(std::regex_match(shown, countdown)) << shown;
+    const std::string first = "\rComparing ...\r";
+    EXPECT_TRUE(shown.starts_with(first)) << shown;
+    EXPECT_EQ(shown.find_first_not_of("0123456789 \r", first.size()), std::string::npos) << shown;
+    EXPECT_TRUE(shown.ends_with("\r             \r")) << shown;
     Expect("sync --dry-run -q one two", 0, "", "");
 }
 

@@ -54,12 +54,12 @@ TEST_F(ChangingFiles, ASourceIsCopiedAsItWasOrAsItIsOrNotAtAll) {
                 {"new", Version{before, kNoon}, {}}};
     for (const auto& [changeName, make, after] : changes) {
         SCOPED_TRACE(changeName);
-        std::map<std::string, long> looks;  // the moments at which whole paths were looked at
+        std::map<std::string, long> looks;  // the last moment at which a path was looked at
         const auto change = [&, make = make](Moment&) {
             for (const Subject& subject : Subjects) make(Path("one/" + subject.Name));
         };
         const auto plan = [&](const Moment& now) {
-            if (now.Call == SYS_newfstatat) looks.try_emplace(now.Text(1), now.Index);
+            if (now.Call == SYS_newfstatat) looks[now.Text(1)] = now.Index;
             return BeforeCalls(now, change);
         };
         Disturb(Sync(), kEach, plan, [&, after = after](const TracedEnd& run, const Moment& at) {
@@ -68,8 +68,8 @@ TEST_F(ChangingFiles, ASourceIsCopiedAsItWasOrAsItIsOrNotAtAll) {
                 EXPECT_TRUE(target == (two ? two->Content : "(none)") || target == before ||
                             target == after)
                     << "two/" << name << " is torn";
-                // Only the look at the results names a target by its whole path.
-                const bool changedAfterTheLook = at.Index >= looks.at(Path("two/" + name));
+                // The last look at a source is the one at the result of its row.
+                const bool changedAfterTheLook = at.Index >= looks.at(Path("one/" + name));
                 const bool done = run.Output.find("OK -->\", \"path1\": \"" + One() + "/" + name) !=
                                   std::string::npos;
                 EXPECT_TRUE(!done || changedAfterTheLook || target == Content("one/" + name))

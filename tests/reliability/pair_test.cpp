@@ -163,22 +163,22 @@ void PairTest::Disturb(const cli::Launch& launch, std::size_t runs,
                      " system call " + std::to_string(moment.Call) + " at moment " +
                      std::to_string(moment.Index));
         MakePair();
-        bool done = false;
-        Moment disturbedAt = moment;  // a run on another chance gets there a call later
+        std::optional<Moment> disturbedAt;
         const TracedEnd run = RunTraced(launch, Path(""), [&](Moment& now) {
-            if (done || now.Index < moment.Index || now.Call != moment.Call ||
+            // A run on another chance gets there a call later.
+            if (disturbedAt || now.Index < moment.Index || now.Call != moment.Call ||
                 now.After != moment.After)
                 return;
-            done = true;
             disturbedAt = now;
             act(now);
+            now.Last = true;
         });
-        if (!done) continue;  // a run on another chance makes a call less
+        if (!disturbedAt) continue;  // a run on another chance makes a call less
         ++disturbed;
         if (run.Signal != SIGKILL) {
             EXPECT_TRUE(run.Status >= 0 && run.Status <= 2) << run.Status << " or " << run.Signal;
         }
-        examine(run, disturbedAt);
+        examine(run, *disturbedAt);
     }
     EXPECT_GT(disturbed, most / kStride / 2);
 }

@@ -53,7 +53,9 @@ class Tracer {
                          PTRACE_O_TRACESYSGOOD | PTRACE_O_EXITKILL);
             if (signal == (SIGTRAP | 0x80)) AtCall();
             if ((signal & 0x7f) == SIGTRAP) signal = 0;
-            ::ptrace(PTRACE_SYSCALL, moment_.Process, nullptr, signal);
+            const bool leave = moment_.Last && !moment_.Instead;
+            ::ptrace(leave ? PTRACE_DETACH : PTRACE_SYSCALL, moment_.Process, nullptr, signal);
+            if (leave) return;
         }
     }
 

@@ -24,6 +24,7 @@ struct Moment {
 
     int Process = -1;
     std::optional<std::int64_t> Instead;  // of a call that is not made: its result
+    bool Last = false;                    // set it, and the run goes on alone from here
 
     // The text that an argument points to.
     std::string Text(int argument) const;
@@ -34,7 +35,7 @@ struct Moment {
 };
 
 struct TracedEnd : cli::Ended {
-    long Calls = 0;
+    long Calls = 0;  // up to the last moment
 };
 
 using Watch = std::function<void(Moment&)>;
