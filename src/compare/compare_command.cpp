@@ -94,10 +94,13 @@ void CompareCommand::FillTable() {
     FolderScanner scanner(parts_.Files, parts_.Host, visitor, table.StopRequested);
     table.Fcount = 0;
     scanner.CountFiles(Side::One, folder1_, table.Fcount);
+    const std::int32_t mostSame = table.Fcount;
     scanner.CountFiles(Side::Two, folder2_, table.Fcount);
     SetCaptionAndYield(labels.lblComparing, std::to_string(table.Fcount));
 
     table.Clear(scanner.Texts());
+    // The longest list, as a rule; moved while it grows it takes a third more memory pages.
+    table.SameList.reserve(static_cast<std::size_t>(mostSame));
     parts_.Owner.SetScrollRange(0);
     ShowCount(labels.LabelNewFile, "New Files ( ", 0, " ) ");
     ShowCount(labels.LabelChgFile, "Modified Files ( ", 0, " ) ");

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstring>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <dirent.h>
@@ -114,11 +115,12 @@ class PosixFolder : public Folder {
     EntryKind KindOf(const KernelEntry& entry);
 
     Descriptor opened_;
+    bool listed_ = false;
 };
 
 Outcome PosixFolder::List(TextArena& names, Listing& listing) {
     static std::vector<char> buffer(kListingBuffer);
-    ::lseek(opened_.Get(), 0, SEEK_SET);
+    if (std::exchange(listed_, true)) ::lseek(opened_.Get(), 0, SEEK_SET);
     for (;;) {
         const long read = ::syscall(SYS_getdents64, opened_.Get(), buffer.data(), buffer.size());
         if (read == 0) return {};
