@@ -105,8 +105,11 @@ Descriptor OpenSource(const std::string& path, struct stat& info) {
         errno = EINVAL;
         return {};
     }
-    Descriptor opened(
-        ::openat(reached.At(), reached.Rest(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    // Its access time stays, which also saves a write; only its owner may ask for that.
+    constexpr int kReading = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+    Descriptor opened(::openat(reached.At(), reached.Rest(), kReading | O_NOATIME));
+    if (!opened.IsOpen() && errno == EPERM)
+        opened = Descriptor(::openat(reached.At(), reached.Rest(), kReading));
     if (opened.IsOpen() && (::fstat(opened.Get(), &info) != 0 || !S_ISREG(info.st_mode))) return {};
     return opened;
 }

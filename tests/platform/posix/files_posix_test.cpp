@@ -151,6 +151,7 @@ TEST_F(PosixFilesTest, WhatHappensDuringALongCopy) {
 
 TEST_F(PosixFilesTest, WithoutTheRightThereIsAReasonAndNoChange) {
     SetMode("", 0777);
+    temp_.WriteFile("of another user", "1");
     const bool holds = fakes::HoldsForOrdinaryUser([this] {
         const std::pair<const char*, mode_t> folders[] = {
             {"closed", 0}, {"unlisted", 0111}, {"listed", 0444}, {"fixed", 0555}};
@@ -177,6 +178,7 @@ TEST_F(PosixFilesTest, WithoutTheRightThereIsAReasonAndNoChange) {
         EXPECT_EQ(temp_.Read("fixed/file"), "fixed");
         EXPECT_EQ(temp_.Names("fixed"), Names{"file"});
         EXPECT_EQ(temp_.Names(), before);
+        EXPECT_EQ(Copy("of another user", "copy").Reason, "");
     });
     EXPECT_TRUE(holds);
 }
