@@ -166,35 +166,4 @@ TEST(Architecture, WhatIsOfOneSystemStandsInItsPlace) {
                     << path << ' ' << privilege.What << ": " << directive;
 }
 
-// The rule itself, on includes that do not exist.
-TEST(Architecture, TheRuleTellsRightFromWrong) {
-    const struct {
-        const char* From;
-        const char* To;
-        bool May;
-    } cases[] = {
-        {"platform/dialogs.h", "platform/forms.h", true},
-        {"platform/files.h", "compare/compare_table.h", false},
-        {"platform/files.h", "platform/posix/copy.h", false},
-        {"platform/posix/copy.cpp", "platform/posix/reached_path.h", true},
-        {"platform/posix/copy.cpp", "platform/win32/handle.h", false},
-        {"compare/compare_command.h", "rules/filter_dialog.h", false},
-        {"compare/compare_command.h", "sync/file_operations.h", false},
-        {"compare/compare_command.cpp", "compare/folder_scanner.h", true},
-        {"compare/folder_scanner.h", "compare/compare_command.h", false},
-        {"grid/grid_page.h", "grid/grid_views.h", false},
-        {"sync/sync_commands.cpp", "platform/headless/headless_host.h", false},
-        {"app/form_main.h", "app/form_main.cpp", true},
-        {"app/form_main.h", "app/layout.h", false},
-        {"app/cli.cpp", "platform/posix/copy.h", false},
-        {"app/main_window.cpp", "platform/win32/host.h", true},
-    };
-    for (const auto& c : cases) EXPECT_EQ(MayInclude(c.From, c.To), c.May) << c.From << c.To;
-    EXPECT_TRUE(AsksForSystem("#ifdef_WIN32") && AsksForSystem("#elifdefined(__linux__)"));
-    EXPECT_FALSE(AsksForSystem("#ifdefNDEBUG") || AsksForSystem("#include<linux/fs.h>"));
-    EXPECT_TRUE(IncludesWindows("#include<windows.h>") && IncludesPosix("#include<sys/stat.h>//"));
-    for (const char* path : {"tools/a.h", "grid/new_file.h", "platform/macos/files.cpp", "app/x.h"})
-        EXPECT_EQ(FloorOf(path), kNoFloor) << path;
-}
-
 }  // namespace
