@@ -5,9 +5,12 @@
 
 #include "fakes/temp_folder.h"
 #include "platform/win32/file_times.h"
+#include "platform/win32/handle.h"
 #include "platform/win32/text_conversion.h"
 
 namespace fakes {
+
+using platform::win32::Handle;
 
 namespace {
 
@@ -23,23 +26,11 @@ std::wstring Extended(const std::string& path) {
     return L"\\\\?\\" + platform::win32::Wide(path);
 }
 
-class Handle {
-  public:
-    Handle(const std::string& path, DWORD access, DWORD disposition)
-        : handle_(::CreateFileW(Extended(path).c_str(), access,
+Handle Open(const std::string& path, DWORD access, DWORD disposition) {
+    return Handle(::CreateFileW(Extended(path).c_str(), access,
                                 FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                disposition, FILE_FLAG_BACKUP_SEMANTICS, nullptr)) {}
-    Handle(const Handle&) = delete;
-    Handle& operator=(const Handle&) = delete;
-    ~Handle() {
-        if (IsOpen()) ::CloseHandle(handle_);
-    }
-    bool IsOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
-    operator HANDLE() const { return handle_; }
-
-  private:
-    HANDLE handle_;
-};
+                                disposition, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+}
 
 std::vector<WIN32_FIND_DATAW> Entries(const std::wstring& folder) {
     std::vector<WIN32_FIND_DATAW> entries;
@@ -97,10 +88,10 @@ TempFolder::~TempFolder() {
 void TempFolder::WriteFile(std::string_view relative, std::string_view content) const {
     const std::string path = Path(relative);
     MakeFoldersAbove(path);
-    const Handle file(path, GENERIC_WRITE, CREATE_ALWAYS);
+    const Handle file = Open(path, GENERIC_WRITE, CREATE_ALWAYS);
     DWORD written = 0;
-    Check(file.IsOpen() && ::WriteFile(file, content.data(), static_cast<DWORD>(content.size()),
-                                       &written, nullptr),
+    Check(file.IsOpen() && ::WriteFile(file.Get(), content.data(),
+                                       static_cast<DWORD>(content.size()), &written, nullptr),
           path);
 }
 
@@ -114,9 +105,9 @@ void TempFolder::MakeFolder(std::string_view relative) const {
 
 void TempFolder::SetTime(std::string_view relative, platform::FileTime time) const {
     const std::string path = Path(relative);
-    const Handle file(path, FILE_WRITE_ATTRIBUTES, OPEN_EXISTING);
+    const Handle file = Open(path, FILE_WRITE_ATTRIBUTES, OPEN_EXISTING);
     const FILETIME written = platform::win32::ToSystem(time);
-    Check(file.IsOpen() && ::SetFileTime(file, nullptr, nullptr, &written), path);
+    Check(file.IsOpen() && ::SetFileTime(file.Get(), nullptr, nullptr, &written), path);
 }
 
 void TempFolder::SetReadOnly(std::string_view relative, bool readOnly) const {
@@ -131,17 +122,18 @@ void TempFolder::Remove(std::string_view relative) const {
 }
 
 std::optional<std::string> TempFolder::Read(std::string_view relative) const {
-    const Handle file(Path(relative), GENERIC_READ, OPEN_EXISTING);
+    const Handle file = Open(Path(relative), GENERIC_READ, OPEN_EXISTING);
     LARGE_INTEGER size{};
     BY_HANDLE_FILE_INFORMATION status{};
-    if (!file.IsOpen() || !::GetFileInformationByHandle(file, &status) ||
-        (status.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) || !::GetFileSizeEx(file, &size))
+    if (!file.IsOpen() || !::GetFileInformationByHandle(file.Get(), &status) ||
+        (status.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) || !::GetFileSizeEx(file.Get(), &size))
         return std::nullopt;
     std::string content(static_cast<std::size_t>(size.QuadPart), '\0');
     DWORD got = 0;
-    Check(::ReadFile(file, content.data(), static_cast<DWORD>(content.size()), &got, nullptr) &&
-              got == content.size(),
-          relative);
+    Check(
+        ::ReadFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &got, nullptr) &&
+            got == content.size(),
+        relative);
     return content;
 }
 
