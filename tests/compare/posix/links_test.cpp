@@ -19,8 +19,6 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-const platform::FileTime kTime = fakes::Time("2020-01-02 03:04:05 UTC");
-
 class RealTreesTest : public testing::Test {
   protected:
     RealTreesTest() {
@@ -29,17 +27,15 @@ class RealTreesTest : public testing::Test {
         form.Combo1.Edit(folder.Path("1"));
         form.Combo2.Edit(folder.Path("2"));
     }
-    void Put(const char* name) { folder.WriteFile(name, "x", kTime); }
-    void Link(const char* target, const char* name) const {
-        ASSERT_EQ(::symlink(target, folder.Path(name).c_str()), 0);
+    void Put(const char* name) {
+        folder.WriteFile(name, "x", fakes::Time("2020-01-02 03:04:05 UTC"));
     }
-    // All rows of a comparison, sorted within each list by the file system's chance.
+    // The rows, sorted: their order is the file system's chance.
     Texts Compared() {
         form.Command3.Click();
-        Texts rows;
-        for (const ItemList* list :
-             {&form.Table.NewList, &form.Table.ChgList, &form.Table.SameList})
-            for (const std::string& row : fakes::Rows(*list)) rows.push_back(row);
+        ItemList all = form.Table.NewChgList;
+        all.insert(all.end(), form.Table.SameList.begin(), form.Table.SameList.end());
+        Texts rows = fakes::Rows(all);
         std::sort(rows.begin(), rows.end());
         return rows;
     }
@@ -52,31 +48,25 @@ class RealTreesTest : public testing::Test {
     app::FormMain form{{host, platform::SystemFiles(), registry, dialogs, shell}};
 };
 
-TEST_F(RealTreesTest, ALinkIsWhatItLeadsTo) {
-    for (const char* name : {"far/f", "far/g", "2/to file", "2/to folder/f"}) Put(name);
-    Link("../far/f", "1/to file");
-    Link("../far", "1/to folder");
-    EXPECT_EQ(Compared(), (Texts{"0 to file", "0 to folder/f", "11 to folder/g"}));
-    EXPECT_EQ(form.Table.SameList[0].Size1(), "1");
-}
-
-TEST_F(RealTreesTest, ABrokenLinkIsAFileThatCannotBeGot) {
-    for (const char* name : {"1/only", "1/both", "2/both", "1/against file", "2/against link"})
-        Link("nowhere", name);
-    for (const char* name : {"2/against file", "1/against link"}) Put(name);
-    Link("itself", "1/itself");
-    EXPECT_EQ(Compared(), (Texts{"11 against link", "11 both", "11 itself", "11 only",
-                                 "12 against file", "12 both", "22 against file"}));
-}
-
-TEST_F(RealTreesTest, LinksThatLeadBackUpAreNotEntered) {
-    for (const char* name : {"1/s/f", "1/t/g"}) Put(name);
-    Link("..", "1/s/parent");
-    Link(".", "1/s/self");
-    Link("../../1", "1/s/by the root");
-    Link("../t", "1/s/to t");
-    Link("../s", "1/t/to s");
-    EXPECT_EQ(Compared(), (Texts{"11 s/f", "11 s/to t/g", "11 t/g", "11 t/to s/f"}));
+TEST_F(RealTreesTest, ALinkIsWhatItLeadsToAndNoneBackUpIsEntered) {
+    for (const char* name : {"far/f", "far/g", "2/to file", "2/to folder/f", "2/against file",
+                             "1/against link", "1/s/f", "1/t/g"})
+        Put(name);
+    const std::pair<const char*, const char*> links[] = {
+        {"1/to file", "../far/f"},      {"1/to folder", "../far"},
+        {"1/broken", "nowhere"},        {"1/broken both", "nowhere"},
+        {"2/broken both", "nowhere"},   {"1/against file", "nowhere"},
+        {"2/against link", "nowhere"},  {"1/itself", "itself"},
+        {"1/s/parent", ".."},           {"1/s/self", "."},
+        {"1/s/by the root", "../../1"}, {"1/s/to t", "../t"},
+        {"1/t/to s", "../s"},
+    };
+    for (const auto& [name, target] : links)
+        ASSERT_EQ(::symlink(target, folder.Path(name).c_str()), 0);
+    EXPECT_EQ(Compared(),
+              (Texts{"0 to file", "0 to folder/f", "11 against link", "11 broken", "11 broken both",
+                     "11 itself", "11 s/f", "11 s/to t/g", "11 t/g", "11 t/to s/f",
+                     "11 to folder/g", "12 against file", "12 broken both", "22 against file"}));
 }
 
 // What may be entered is looked into by the names of the other side.
@@ -84,19 +74,16 @@ TEST_F(RealTreesTest, AFolderThatMayNotBeRead) {
     for (const char* name : {"1/s/a", "2/s/a", "1/s/t/b", "2/s/t/b", "1/s/only", "2/z"}) Put(name);
     ASSERT_EQ(::chmod(folder.Path().c_str(), 0755), 0);
     const Texts asIfMissing{"11 s/a", "11 s/only", "11 s/t/b", "12 z"};
-    const struct {
-        ::mode_t Mode;
-        Texts Rows;
-    } cases[] = {
+    const std::pair<::mode_t, Texts> cases[] = {
         {0000, asIfMissing},
         {0111, {"0 s/a", "0 s/t/b", "11 s/only", "12 z"}},  // entered, not listed
         {0444, asIfMissing},                                // listed, not entered
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.Mode);
-        ASSERT_EQ(::chmod(folder.Path("2/s").c_str(), c.Mode), 0);
-        EXPECT_TRUE(fakes::HoldsForOrdinaryUser([&] {
-            EXPECT_EQ(Compared(), c.Rows);
+    for (const auto& [mode, rows] : cases) {
+        SCOPED_TRACE(mode);
+        ASSERT_EQ(::chmod(folder.Path("2/s").c_str(), mode), 0);
+        EXPECT_TRUE(fakes::HoldsForOrdinaryUser([&, &rows = rows] {
+            EXPECT_EQ(Compared(), rows);
             EXPECT_EQ(form.Comparison().Troubles().UnreadableCount, 1);
         }));
     }
