@@ -13,31 +13,24 @@ namespace {
 
 using fakes::Texts;
 
-TEST(FileFilter, AnExtensionFollowsTheLastDotWithinTenBytes) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"A.TXT", "TXT"},
-        {"a.tar.gz", "gz"},
-        {".profile", "profile"},
-        {"name.", ""},
-        {"", "XXXXXXXX"},
-        {"a.123456789", "123456789"},
-        {"a.1234567890", "XXXXXXXX"},
-        {".x/ab", "x/ab"},
-    };
-    for (const auto& [name, extension] : cases) EXPECT_EQ(FileExtensionOf(name), extension) << name;
-}
-
 TEST(FileFilter, LooksForTheBareExtensionAnywhereInTheList) {
     const struct {
         const char* Extensions;
         const char* Name;
         bool Listed, ListedForCopy;
     } cases[] = {
-        {"/txt", "a.txt", true, true},     {"/txt", "a.t", true, true},
-        {"/txt", "a.txtx", false, false},  {"/txt", "A.TXT", false, true},
-        {"/TXT", "a.Tx", false, true},     {"/txt", "README", false, false},
-        {"/txt", "name.", true, true},     {"/jpg/bmp", "a.bmp", true, true},
+        {"/txt", "a.txt", true, true},
+        {"/txt", "a.t", true, true},
+        {"/txt", "a.txtx", false, false},
+        {"/txt", "A.TXT", false, true},
+        {"/TXT", "a.Tx", false, true},
+        {"/txt", "name.", true, true},
+        {"/tar", "a.tar.gz", false, false},
+        {"/jpg/bmp", "a.bmp", true, true},
         {"/jpg/bmp", "a.g/b", true, true},
+        {"/123456789", "a.123456789", true, true},
+        {"/1234567890", "a.1234567890", false, false},  // further from the end than is looked
+        {"/XXXXXXXX", "none", true, true},
     };
     for (const auto& c : cases) {
         for (const bool only : {true, false}) {
@@ -54,10 +47,7 @@ class FilterDialogTest : public fakes::MainWindowTest {
   protected:
     // Opens the dialog from the window's filter line; `user` acts in it.
     void Edit(const std::function<void()>& user) {
-        host.OnModal = [&](platform::Form& opened) {
-            EXPECT_EQ(&opened, &dialog.FormFilter);
-            user();
-        };
+        host.OnModal = [&](platform::Form&) { user(); };
         form.LabelFileFilter.Click();
     }
     void Add(const std::string& typed) {
@@ -68,72 +58,50 @@ class FilterDialogTest : public fakes::MainWindowTest {
         dialog.List1.Select(0);
         dialog.Command2.Click();
     }
-
-    // As the history keeps it, and as the window's line and its tooltip say it.
-    Texts Filter() const {
-        const std::string pair = "/a==========" + fakes::FakeFiles::Path("2") + "==========";
-        const std::string slot = registry.Values.at("SOFTWARE\\SystemInfoFolderCS1993\\P0");
-        return {slot.substr(pair.size()), form.LabelFileFilter.Caption(),
-                form.LabelFileFilter.ToolTip()};
+    void ExpectDescribed(const std::string& line, const std::string& toolTip) {
+        EXPECT_EQ(form.LabelFileFilter.Caption(), line);
+        EXPECT_EQ(form.LabelFileFilter.ToolTip(), toolTip);
     }
 
     FilterDialog& dialog = form.FilterDialog;
 };
 
-TEST_F(FilterDialogTest, OpensOverTheWindowWithTheFiltersEntriesAndMode) {
+TEST_F(FilterDialogTest, ListsTheFiltersEntriesUntilTheyAreRemoved) {
     EXPECT_EQ(fakes::LayoutFaults(dialog.FormFilter), Texts());
-    form.Window.Bounds = {1000, 2000, 15360, 10000};
-    form.Filter = {"/jpg//bmp/jpg", true};
+    form.Filter = {"/jpg//bmp/jpg/a/b", true};
     Edit([&] {
-        EXPECT_EQ(dialog.List1.Entries(), (Texts{"jpg", "bmp"}));
+        EXPECT_TRUE(host.IsShown(dialog.FormFilter));
+        EXPECT_GT(dialog.FormFilter.Bounds.Top, form.Window.Bounds.Top);
+        EXPECT_EQ(dialog.List1.Entries(), (Texts{"jpg", "bmp", "a", "b"}));
         EXPECT_TRUE(dialog.OptionOnly.Value());
-        EXPECT_EQ(dialog.FormFilter.Bounds.Top, 3500);
-        RemoveFirst();
+        dialog.Command2.Click();  // none is selected
+        for (const auto& [entry, selectedAfter] : {std::pair{3, 2}, {1, 0}, {0, 0}}) {
+            dialog.List1.Select(entry);
+            dialog.Command2.Click();
+            EXPECT_EQ(dialog.List1.ListIndex(), selectedAfter);
+        }
         dialog.OptionExc.Click();
         dialog.FormFilter.OnActivate();  // comes back to the window
-        EXPECT_EQ(dialog.List1.Entries(), Texts{"bmp"});
+        EXPECT_EQ(dialog.List1.Entries(), Texts{"a"});
         EXPECT_TRUE(dialog.OptionExc.Value());
+    });
+}
+
+TEST_F(FilterDialogTest, AddTakesLettersAndDigitsSplitsLowersAndLeavesOutWhatIsThere) {
+    form.Filter.FilterExtensions = "/old";
+    Edit([&] {
         dialog.TextAddto.Type("aZ.-_ 9,\b;/m");
         EXPECT_EQ(dialog.TextAddto.Text(), "aZ9,m");
+        Add(" TXT, Doc ,,jpg,txt");
+        EXPECT_EQ(dialog.List1.Entries(), (Texts{"old", "txt", " doc ", "jpg"}));
+        Add("old,new");
+        EXPECT_EQ(dialog.List1.Entries().back(), "new");
+        Add(std::string(10000, ',') + "last,beyond");  // 10,001 pieces are looked at
+        EXPECT_EQ(dialog.List1.Entries().back(), "last");
     });
     EXPECT_FALSE(dialog.TextAddto.Accepts(U'é'));
     for (const char32_t shortcut : {U'\x03', U'\x16', U'\x18'})  // copy, paste, cut
         EXPECT_TRUE(dialog.TextAddto.Accepts(shortcut));
-}
-
-TEST_F(FilterDialogTest, AddSplitsLowersAndLeavesOutWhatIsThere) {
-    const std::pair<std::string, Texts> cases[] = {
-        {" TXT, Doc ,,jpg,txt", {"old", "txt", " doc ", "jpg"}},
-        {"old,new", {"old", "new"}},
-        {" , ,", {"old", " "}},
-        {std::string(10000, ',') + "last,beyond", {"old", "last"}},  // 10,001 pieces are looked at
-    };
-    form.Filter.FilterExtensions = "/old";
-    for (const auto& [text, entries] : cases) {
-        Edit([&, &text = text, &entries = entries] {
-            Add(text);
-            EXPECT_EQ(dialog.List1.Entries(), entries);
-            EXPECT_EQ(dialog.TextAddto.Text(), text);
-        });
-    }
-}
-
-TEST_F(FilterDialogTest, RemoveSelectsTheEntryBefore) {
-    const struct {
-        int Selected;
-        Texts Left;
-        int SelectedAfter;
-    } cases[] = {
-        {-1, {"a", "b", "c"}, -1}, {0, {"b", "c"}, 0}, {1, {"a", "c"}, 0}, {2, {"a", "b"}, 1}};
-    form.Filter.FilterExtensions = "/a/b/c";
-    for (const auto& c : cases) {
-        Edit([&] {
-            dialog.List1.Select(c.Selected);
-            dialog.Command2.Click();
-            EXPECT_EQ(dialog.List1.Entries(), c.Left) << c.Selected;
-            EXPECT_EQ(dialog.List1.ListIndex(), c.SelectedAfter) << c.Selected;
-        });
-    }
 }
 
 TEST_F(FilterDialogTest, OkTakesEntriesAndModeAndCancelForgetsThem) {
@@ -143,35 +111,33 @@ TEST_F(FilterDialogTest, OkTakesEntriesAndModeAndCancelForgetsThem) {
         Add("JPG,bmp");
         dialog.CommandOK.Click();
     });
-    const std::string only = "Only sync files with extensions:  .jpg .bmp";
-    EXPECT_EQ(Filter(), (Texts{"/jpg/bmp==========-1", only, only}));
     Edit([this] {
         EXPECT_EQ(dialog.TextAddto.Text(), "");
         dialog.OptionExc.Click();
         Add("txt");
         dialog.Command3.Click();
     });
-    EXPECT_EQ(Filter(), (Texts{"/jpg/bmp==========-1", only, only}));
+    const std::string only = "Only sync files with extensions:  .jpg .bmp";
+    ExpectDescribed(only, only);
+    EXPECT_EQ(registry.Values.rbegin()->second,
+              "/a==========" + fakes::FakeFiles::Path("2") + "==========/jpg/bmp==========-1");
     Edit([this] {
         RemoveFirst();
         dialog.OptionExc.Click();
         dialog.CommandOK.Click();
     });
-    EXPECT_EQ(Filter(), (Texts{"/bmp==========0", "Sync all files excluding:  .bmp",
-                               "Copy all files excluding:  .bmp"}));
-    EXPECT_EQ(TakeMessages(), Texts());
+    ExpectDescribed("Sync all files excluding:  .bmp", "Copy all files excluding:  .bmp");
     Edit([this] {
         RemoveFirst();
         dialog.OptionOnly.Click();
         dialog.CommandOK.Click();
         EXPECT_EQ(TakeMessages(), Texts{"Please input the file extensions.   "});
-        EXPECT_TRUE(host.IsShown(dialog.FormFilter));
         EXPECT_EQ(form.Filter.FilterExtensions, "/bmp");
         dialog.OptionExc.Click();
         dialog.CommandOK.Click();
     });
     EXPECT_FALSE(host.IsShown(dialog.FormFilter));
-    EXPECT_EQ(Filter(), (Texts{"==========0", "Sync all type of file.", "Sync all type of file."}));
+    ExpectDescribed("Sync all type of file.", "Sync all type of file.");
 }
 
 }  // namespace
