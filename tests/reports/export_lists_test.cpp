@@ -1,76 +1,46 @@
 #include "reports/export_lists.h"
 
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
-#include "app/form_main.h"
-#include "fakes/fake_files.h"
-#include "fakes/items.h"
-#include "fakes/memory_registry.h"
-#include "fakes/temp_folder.h"
-#include "platform/headless/headless_host.h"
+#include "fakes/main_window.h"
 
 namespace reports {
 namespace {
 
-using compare::CompareItem;
-
-const compare::FolderPair kRoot{nullptr, "/one/", "/two/"};
-
-constexpr std::int64_t kMissing = platform::FileStatus::kNoSize;
-
-CompareItem Row(const char* name, std::int64_t bytes1 = 0, std::int64_t bytes2 = 0) {
-    CompareItem item = fakes::Item(kRoot, name, 0);
-    item.Bytes1 = bytes1;
-    item.Bytes2 = bytes2;
-    return item;
-}
-
-// A section is a head, paths, a count.
-std::string Section(const std::string& head, const std::vector<std::string>& paths,
-                    const std::string& count) {
-    std::string text = head + " :  \r\n \r\n";
-    for (const std::string& path : paths) text += path + "\r\n";
-    return text + " \r\n     " + count + ".\r\n \r\n";
-}
+using fakes::FakeFiles;
+using fakes::kNew;
+using fakes::kOld;
+using fakes::Texts;
 
 const std::string kRule = std::string(148, '=') + "\r\n \r\n";
 
-std::string NewReport(const std::vector<std::string>& paths1,
-                      const std::vector<std::string>& paths2) {
-    return Section("New files in folder 1", paths1,
-                   std::to_string(paths1.size()) + " new files in folder 1") +
-           kRule +
-           Section("New files in folder 2", paths2,
-                   std::to_string(paths2.size()) + " new files in folder 2");
+std::string Section(const std::string& head, const Texts& files, const std::string& counted) {
+    std::string text = head + " :  \r\n \r\n";
+    for (const std::string& file : files) text += FakeFiles::Path(file) + "\r\n";
+    return text + " \r\n     " + std::to_string(files.size()) + counted + ".\r\n \r\n";
 }
 
-const std::string kNewReport = NewReport({"/one/a", "/one/caf\xe9\n"}, {"/two/b"});
-const std::string kModifiedReport =
-    Section("Modified files in folder 1", {"/one/c"}, "1 modified files in folder 1") + kRule +
-    Section("Modified files in folder 2", {"/two/c"}, "1 modified files in folder 2");
-const std::string kSameReport =
-    Section("Same files in folder 1 / folder 2", {"/one/s", "/one/t"}, "2 same files");
-
-class ExportListsTest : public testing::Test {
+// In the window's own files, those in memory, no report exists.
+class ExportListsTest : public fakes::MainWindowTest {
   protected:
     ExportListsTest() {
-        table.NewList = {Row("a", 0, kMissing), Row("b", kMissing), Row("caf\xe9\n", 0, kMissing)};
-        table.ChgList = {Row("c", 1, 2)};
-        table.SameList = {Row("s", 1, 1), Row("t", 0, 0)};
+        for (const char* name : {"1/a", "2/b", "1/caf\xe9\n", "1/c"}) Put(name);
+        Put("2/c", kNew);
+        for (const char* name : {"s", "t"}) PutBoth(name);
+        form.Command3.Click();
     }
-    void Click(const char* menu) const { form.Window.FindMenu(menu)->OnClick(); }
 
     fakes::TempFolder folder;
-    fakes::MemoryRegistry registry;
-    platform::headless::Host host;
-    platform::headless::Dialogs dialogs;
-    platform::headless::Shell shell;
-    app::FormMain form{{host, platform::SystemFiles(), registry, dialogs, shell}};
-    ExportLists& lists = form.Exports();
-    compare::CompareTable& table = form.Table;
+    const std::string newReport =
+        Section("New files in folder 1", {"1/a", "1/caf\xe9\n"}, " new files in folder 1") + kRule +
+        Section("New files in folder 2", {"2/b"}, " new files in folder 2");
+    const std::string modifiedReport =
+        Section("Modified files in folder 1", {"1/c"}, " modified files in folder 1") + kRule +
+        Section("Modified files in folder 2", {"2/c"}, " modified files in folder 2");
+    const std::string sameReport =
+        Section("Same files in folder 1 / folder 2", {"1/s", "1/t"}, " same files");
 };
 
 TEST_F(ExportListsTest, EachCommandWritesItsReportAndSaysWhere) {
@@ -79,36 +49,35 @@ TEST_F(ExportListsTest, EachCommandWritesItsReportAndSaysWhere) {
         std::string Name;  // in the proposed file name and in the last message
         std::string Report;
     } cases[] = {
-        {"mnuExportNew", "New", kNewReport},
-        {"mnuExportModify", "Modified", kModifiedReport},
-        {"mnuExportNewModify", "New and Modified", kNewReport + " \r\n" + kRule + kModifiedReport},
-        {"mnuExportSame", "Same", kSameReport},
+        {"mnuExportNew", "New", newReport},
+        {"mnuExportModify", "Modified", modifiedReport},
+        {"mnuExportNewModify", "New and Modified", newReport + " \r\n" + kRule + modifiedReport},
+        {"mnuExportSame", "Same", sameReport},
     };
     for (const auto& c : cases) {
         dialogs.FileNameAnswers = {"  " + folder.Path(c.Name) + " "};
-        Click(c.Menu);
-        EXPECT_EQ(folder.Read(c.Name), c.Report) << c.Name;
+        ClickMenu(c.Menu);
+        EXPECT_EQ(folder.Read(c.Name), c.Report);
         EXPECT_EQ(dialogs.Requests.back().ProposedName, c.Name + " Files");
-        EXPECT_EQ(dialogs.Requests.back().DefaultExtension, "txt");
-        EXPECT_EQ(dialogs.Messages.back().Text,
-                  c.Name + " files name has export to file: " + folder.Path(c.Name));
-        EXPECT_EQ(dialogs.Messages.back().Title, "File Saved");
+        EXPECT_EQ(TakeMessages(),
+                  Texts{c.Name + " files name has export to file: " + folder.Path(c.Name)});
     }
-    table.NewList.clear();
-    EXPECT_EQ(lists.Export(ReportKind::NewAndModified, folder.Path("r"), Overwrite::No),
+    form.Table.NewList.clear();
+    EXPECT_EQ(form.Exports().Export(ReportKind::NewAndModified, folder.Path("r"), Overwrite::No),
               ExportResult::Written);
-    EXPECT_EQ(folder.Read("r"), NewReport({}, {}) + " \r\n" + kRule + kModifiedReport);
-
-    table.Clear(nullptr);
+    EXPECT_TRUE(folder.Read("r")->starts_with(
+        Section("New files in folder 1", {}, " new files in folder 1") + kRule));
+    TakeMessages();
+    form.Table.Clear(nullptr);
     for (const auto& c : cases) {
-        dialogs.Requests.clear();
-        Click(c.Menu);
-        EXPECT_TRUE(dialogs.Requests.empty());
-        EXPECT_EQ(dialogs.Messages.back().Text, "No data to be export.     ") << c.Name;
+        ClickMenu(c.Menu);
+        EXPECT_EQ(TakeMessages(), Texts{"No data to be export.     "});
     }
+    EXPECT_EQ(dialogs.Requests.size(), 4u) << "nobody was asked for a name";
 }
 
 TEST_F(ExportListsTest, AnExistingFileIsReplacedOnlyAfterYes) {
+    ExportLists lists({form.Table, platform::SystemFiles(), host, dialogs, shell, "Varnel"});
     const std::pair<std::string, bool> cases[] = {
         {std::string(4096, '.'), false}, {"old", true}, {"", false}, {"", true}};
     for (const auto& [old, readOnly] : cases) {
@@ -116,67 +85,44 @@ TEST_F(ExportListsTest, AnExistingFileIsReplacedOnlyAfterYes) {
         folder.SetReadOnly("r", readOnly);
         for (const bool answer : {false, true}) {
             dialogs.YesNoAnswer = answer;
-            dialogs.Messages.clear();
             dialogs.FileNameAnswers = {folder.Path("r")};
-            Click("mnuExportSame");
-            EXPECT_EQ(dialogs.Messages.at(0).Text, "The same filename exist, overwrite it?");
-            EXPECT_EQ(dialogs.Messages.size(), answer ? 2u : 1u);
-            EXPECT_EQ(folder.Read("r"), answer ? kSameReport : old);
+            lists.mnuExportSame();
+            const Texts messages = TakeMessages();
+            EXPECT_EQ(messages.at(0), "The same filename exist, overwrite it?");
+            EXPECT_EQ(messages.size(), answer ? 2u : 1u);
+            EXPECT_EQ(folder.Read("r"), answer ? sameReport : old);
         }
         folder.SetReadOnly("r", false);
         folder.Remove("r");
     }
-    for (const char* cancelled : {"", "   "}) {
-        dialogs.FileNameAnswers = {cancelled};
-        Click("mnuExportSame");
-    }
-    EXPECT_EQ(folder.Names(), std::vector<std::string>());
+    dialogs.FileNameAnswers = {"   "};
+    lists.mnuExportSame();
+    EXPECT_TRUE(folder.Names().empty()) << "cancelled";
 }
 
-// A device where every write fails for want of space; the report must not remove it.
-class FullDevice : public fakes::FakeFiles {
-  public:
-    static constexpr const char* kPath = "/dev/full";
-
-    bool IsThere = true;
-    std::vector<std::string> Removed;
-
-    platform::FileStatus Look(const std::string&) override {
-        return IsThere ? platform::FileStatus{{1, 0}, 0} : platform::FileStatus();
-    }
-    platform::Outcome RemoveFile(const std::string& path) override {
-        Removed.push_back(path);
-        return {};
-    }
-};
-
+// On a device where every write fails for want of space. The device itself must stay.
 TEST_F(ExportListsTest, HalfAReportIsRemovedWhenItWasNotThereBefore) {
-    if (!platform::SystemFiles().Look(FullDevice::kPath).Exists())
-        GTEST_SKIP() << "no such device here";
-    FullDevice files;
-    ExportLists onDevice({table, files, host, dialogs, shell, "Varnel"});
+    if (!platform::SystemFiles().Look("/dev/full").Exists()) GTEST_SKIP() << "no such device here";
+    host.OnYield = [this](long long) { Put("dev/full", kOld, 0); };
     for (const std::size_t rows : {100'000u, 1u}) {  // one fits the buffer: only closing fails
-        table.SameList.assign(rows, Row("s"));
-        for (const bool isThere : {true, false}) {
-            files.IsThere = isThere;
-            files.Removed.clear();
-            EXPECT_EQ(onDevice.Export(ReportKind::Same, FullDevice::kPath, Overwrite::Yes),
+        form.Table.SameList.assign(rows, form.Table.SameList[0]);
+        for (const bool wasThere : {true, false}) {
+            files.Remove("dev/full");
+            if (wasThere) Put("dev/full", kOld, 0);
+            EXPECT_EQ(form.Exports().Export(ReportKind::Same, "/dev/full", Overwrite::Yes),
                       ExportResult::Failed);
-            EXPECT_EQ(files.Removed.size(), isThere ? 0u : 1u);
+            EXPECT_EQ(files.StatusOf("dev/full").Exists(), wasThere);
         }
     }
-    EXPECT_TRUE(dialogs.Messages.empty());
+    EXPECT_EQ(TakeMessages(), Texts());
 }
 
 TEST_F(ExportListsTest, OpenStartsTheEditorWithTheChosenFile) {
-    Click("mnuOpen");
-    EXPECT_TRUE(shell.StartedPrograms.empty());
-    dialogs.FileNameAnswers.push_back(" C:\\My Reports\\New Files.txt ");
-    Click("mnuOpen");
-    EXPECT_EQ(shell.StartedPrograms,
-              std::vector<std::string>{"notepad.exe C:\\My Reports\\New Files.txt"});
-    EXPECT_EQ(dialogs.Requests.back().Title, "Select a text file");
-    EXPECT_EQ(dialogs.Requests.back().Filters.at(1).Pattern, "*.*");
+    ClickMenu("mnuOpen");
+    EXPECT_TRUE(shell.StartedPrograms.empty()) << "cancelled";
+    dialogs.FileNameAnswers = {" C:\\My Reports\\New Files.txt "};
+    ClickMenu("mnuOpen");
+    EXPECT_EQ(shell.StartedPrograms, Texts{"notepad.exe C:\\My Reports\\New Files.txt"});
 }
 
 }  // namespace
