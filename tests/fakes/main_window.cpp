@@ -4,23 +4,6 @@
 
 namespace fakes {
 
-namespace {
-
-std::string Value(const platform::Control& control) {
-    if (const auto* box = dynamic_cast<const platform::CheckBox*>(&control))
-        return std::to_string(box->Value());
-    if (const auto* bar = dynamic_cast<const platform::ScrollBar*>(&control))
-        return std::to_string(bar->Value()) + " of " + std::to_string(bar->Maximum());
-    if (const auto* combo = dynamic_cast<const platform::ComboBox*>(&control)) {
-        std::string entries;
-        for (const std::string& entry : combo->Entries()) entries += entry + '|';
-        return entries;
-    }
-    return {};
-}
-
-}  // namespace
-
 MainWindow::MainWindow() {
     files.AddFolder("1");
     files.AddFolder("2");
@@ -60,7 +43,7 @@ Texts MainWindow::TakeMessages() {
 Texts MainWindow::Everything() const {
     Texts all;
     for (const platform::Control* control : form.Window.Controls)
-        all.push_back(control->Name() + ": " + control->ShownText() + ' ' + Value(*control) +
+        all.push_back(control->Name() + ": " + control->ShownText() +
                       (control->Shown() ? " shown " : " hidden ") +
                       std::to_string(control->BackColor()) + ' ' +
                       std::to_string(control->ForeColor()));

@@ -47,8 +47,8 @@ struct MainWindow {
     // The texts of the messages shown since the last call.
     Texts TakeMessages();
 
-    // Everything that can be seen of the window: of every control whether it is shown, its text,
-    // value and colours; all messages, opened folders, started programs, the history.
+    // What can be seen of the window: of every control whether it is shown, its text and colours;
+    // all messages, opened folders, started programs, the history.
     Texts Everything() const;
 
     // What a column of the grid shows, up to its last text.
