@@ -1,112 +1,110 @@
-// Long runs: stopping them, closing during them, and that nothing else gets in between.
+// Synchronising: the files on disk, names of all kinds, and what the window does meanwhile.
 #include "window/window_fixture.h"
 
 namespace window {
-
 namespace {
 
-// How many files a heading or a label speaks of.
-int NumberIn(const std::string& text) {
-    const std::size_t digit = text.find_first_of("0123456789");
-    return digit == std::string::npos ? -1 : std::stoi(text.substr(digit));
-}
+constexpr const char* kCompleted =
+    "Varnel: Synchronization  'New and Modified Files'  completed.      \r\n\r\nSucceed:   ";
 
 class RunTest : public WindowTest {
   protected:
-    void PutMany(int count, const char* content) const {
-        for (int i = 0; i < count; ++i)
-            Put("1/" + std::to_string(i / 100) + "/" + std::to_string(i), content);
-    }
-    // Returns with the program standing still in the middle of a comparison.
-    static void PauseWithin(const Program& varnel) {
-        varnel.Click("Command3");
-        varnel.WaitForText("Command3", "Stop");
-        varnel.Pause();
-    }
-    // The files in 2, each of which must be whole. A copy under way has a name of its own.
-    int Copied(bool mayBeUnderWay) const {
-        int copied = 0;
-        for (const std::string& folder : Files.Names("2")) {
-            for (const std::string& name : Files.Names("2/" + folder)) {
-                if (mayBeUnderWay && name.starts_with(".varnel~")) continue;
-                EXPECT_EQ(Files.Read("2/" + folder + "/" + name), "content") << folder << name;
-                EXPECT_FALSE(name.starts_with(".varnel~")) << name;
-                ++copied;
-            }
+    // The files in 2, each of which must be whole.
+    std::size_t Copied() const {
+        const auto names = Files.Names("2");
+        for (const std::string& name : names) {
+            EXPECT_EQ(Files.Read("2/" + name), "content") << name;
+            EXPECT_FALSE(name.starts_with(".varnel~")) << "of a copy that was under way";
         }
-        return copied;
+        return names.size();
     }
-    static constexpr int kToCompare = 8000, kToCopy = 800;
 };
 
-TEST_F(RunTest, AComparisonDropsOtherCommandsAndStops) {
-    PutMany(kToCompare, "");
+TEST_F(RunTest, DoubleSyncBringsOverWhatItCanAndLeavesTheRestAsItWas) {
+    PutSmallPair();
+    Files.WriteFile("1/read-only.txt", "newer");
+    Files.WriteFile("2/read-only.txt", "old", fakes::Time("2020-01-02 03:04:05 UTC"));
     const Program varnel(Pair());
-    std::vector<POINT> places;
-    for (const char* name : {"LabelNewFile", "LabelFileFilter", "CommandBrowse1", "Command4"})
-        places.push_back(varnel.PlaceOf(name));
-    const POINT stop = varnel.PlaceOf("Command3");
-    const auto about = static_cast<WPARAM>(varnel.Look("mnuAbout").Value);
-    for (const bool stopped : {true, false}) {
-        PauseWithin(varnel);
-        for (const POINT place : places) ClickAt(place);
-        ::PostMessageW(varnel.Window(), WM_COMMAND, about, 0);
-        if (stopped) ClickAt(stop);
-        varnel.Resume();
-        varnel.WaitFor("LabelShow", [&](const Seen& heading) {
-            return stopped ? !heading.Text.empty() : NumberIn(heading.Text) == kToCompare;
-        });
-        varnel.WaitForText("Command3", "Compare");
-        const int found = NumberIn(varnel.Text("LabelShow"));
-        EXPECT_EQ(found < kToCompare, stopped);
-        EXPECT_EQ(NumberIn(varnel.Text("LabelNewFile")), found);
-        EXPECT_EQ(TopWindows(varnel.Id()).size(), 1u);
-        EXPECT_TRUE(Files.Names("2").empty());
+    varnel.Compare();
+    Files.SetReadOnly("2/read-only.txt", true);
+    Files.WriteFile("2/sub", "a file where a folder should be made");
+    {
+        const platform::win32::Handle held(::CreateFileA(Files.Path("2/chg-right.txt").c_str(),
+                                                         GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0,
+                                                         nullptr));
+        varnel.Click("Command4");
+        EXPECT_EQ(Answer(varnel),
+                  std::string("exclamation ") + kCompleted + "3  Files.\r\nFail:   3  Files.");
     }
-    varnel.RunMenu("mnuAbout");
-    EXPECT_TRUE(Answer(varnel).starts_with("information About Varnel: Varnel ,  Version 8.12"));
-    PauseWithin(varnel);
-    ::PostMessageW(varnel.Window(), WM_SYSCOMMAND, SC_CLOSE, 0);
-    varnel.Resume();
-    EXPECT_EQ(varnel.WaitForEnd(), 0u);
+    EXPECT_EQ(Files.Read("2/read-only.txt"), "old");
+    EXPECT_EQ(Files.Read("2/chg-right.txt"), "as it was");
+    Files.SetReadOnly("2/read-only.txt", false);
+    Files.Remove("2/sub");
+    varnel.Compare();
+    varnel.Click("Command4");
+    EXPECT_EQ(Answer(varnel), std::string("information ") + kCompleted + "3  Files.");
+    for (const std::string side : {"1", "2"}) {
+        for (const char* name : {"new1.txt", "sub/new2.txt", "only2.txt", "same.txt"})
+            EXPECT_EQ(Files.Read(side + "/" + name), "as it was") << side << name;
+        for (const char* name : {"chg-left.txt", "chg-right.txt", "read-only.txt"})
+            EXPECT_EQ(Files.Read(side + "/" + name), "newer") << side << name;
+        EXPECT_EQ(Files.Names(side).size(), 7u) << "no leftovers";
+    }
+    varnel.Compare();  // times came along: nothing is left to be done
+    EXPECT_EQ(varnel.Text("LabelShow"), "Same Files:  7");
 }
 
-TEST_F(RunTest, ASyncShowsWhereItIsDropsOtherCommandsAndStops) {
-    PutMany(kToCopy, "content");
+TEST_F(RunTest, NamesMayBeUnicodeAndPathsLong) {
+    std::string deep = "Größe & Maß";
+    while (Files.Path(deep).size() < 300) deep += "/a folder with a long name";
+    const std::string folder1 = Files.Path(deep), folder2 = Files.Path("日本語 ελληνικά");
+    Files.WriteFile(deep + "/inner/été 100%.txt", "from the left");
+    Files.WriteFile("日本語 ελληνικά/папка/файл 😀.txt", "from the right");
+    {
+        const Program varnel(folder1 + " , " + folder2);
+        varnel.Compare();
+        varnel.Point("sFile2(1)");
+        varnel.WaitFor("TextFileName", &Seen::Text, folder2 + "\\папка\\файл 😀.txt");
+        varnel.Click("Command4");
+        EXPECT_EQ(Answer(varnel), std::string("information ") + kCompleted + "2  Files.");
+        EXPECT_EQ(Files.Read(deep + "/папка/файл 😀.txt"), "from the right");
+        EXPECT_EQ(Files.Read("日本語 ελληνικά/inner/été 100%.txt"), "from the left");
+        EXPECT_EQ(varnel.Close(), 0u);
+    }
+    const Program again;
+    EXPECT_EQ(again.Text("Combo1"), folder1);
+    EXPECT_EQ(again.Text("Combo2"), folder2);
+}
+
+TEST_F(RunTest, ASyncKeepsTheWindowAliveAndIsStoppedOrClosed) {
+    constexpr std::size_t kFiles = 800;
+    for (std::size_t i = 0; i < kFiles; ++i) Files.WriteFile("1/" + std::to_string(i), "content");
     const Program varnel(Pair());
     varnel.Compare();
     varnel.Click("Command5");
-    WaitUntil("some copies", [&] { return Copied(true) > 0; });
-    varnel.Click("Command3");
+    WaitUntil("some copies", [&] { return Files.Names("2").size() > 2; });
     varnel.Click("LabelNewFile");
     varnel.RunMenu("mnuAbout");
-    varnel.Click("sMAC(4)");
     RollWheelAt(varnel.PlaceOf("Picture2"), 1);
     const RECT row = varnel.Look("sFile1(7)").Area;
     MovePointer(MiddleOf(row));
-    varnel.WaitForColor({row.left, row.top}, kHovered);
+    WaitForColor({row.left, row.top}, kHovered);
     EXPECT_FALSE(::IsHungAppWindow(varnel.Window()));
-    EXPECT_TRUE(varnel.Shows("Command9")) << "the sync must still run";
-    EXPECT_EQ(varnel.Text("Command3"), "Compare");
-    EXPECT_EQ(varnel.Text("sTYPE(0)"), "1.");
-    EXPECT_EQ(NumberIn(varnel.Text("LabelShow")), kToCopy);
-    EXPECT_FALSE(varnel.Shows("Picture3"));
-    EXPECT_EQ(TopWindows(varnel.Id()).size(), 1u);
+    EXPECT_TRUE(varnel.Look("Command9").Visible) << "the sync must still run";
+    EXPECT_EQ(varnel.Text("sTYPE(0)"), "1.") << "other commands are dropped";
+    EXPECT_TRUE(varnel.Text("LabelShow").starts_with("New and Modified Files"));
     varnel.Click("Command9");
     EXPECT_EQ(Answer(varnel), "exclamation Varnel: Synchronization User Canceled.      ");
-    const int copied = Copied(false);
-    EXPECT_LT(copied, kToCopy);
-    EXPECT_EQ(NumberIn(varnel.Text("LabelAllFile")), copied);
-    EXPECT_FALSE(varnel.Shows("Command9"));
-    varnel.Compare();
-    EXPECT_EQ(NumberIn(varnel.Text("LabelNewFile")), kToCopy - copied);
+    const std::size_t copied = Copied();
+    EXPECT_LT(copied, kFiles);
+    EXPECT_EQ(varnel.Text("LabelAllFile"), "Sync Total ( " + std::to_string(copied) + " ) ");
 
+    varnel.Compare();
     varnel.Click("Command4");
-    WaitUntil("some copies", [&] { return Copied(true) > copied; });
+    WaitUntil("some copies", [&] { return Files.Names("2").size() > copied + 2; });
     EXPECT_EQ(varnel.Close(), 0u);
-    EXPECT_LT(Copied(false), kToCopy);
+    EXPECT_LT(Copied(), kFiles);
 }
 
 }  // namespace
-
 }  // namespace window

@@ -3,11 +3,12 @@
 // said), or with the direction panel open on the first modified file. Its exit status is 0 if all
 // went well.
 
-#include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <fstream>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "window/window_driver.h"
 
@@ -17,22 +18,19 @@ constexpr int kPicturesAtRest = 30;
 constexpr unsigned kLongestComparison = 9 * 60 * 1000;  // ms
 
 void OpenDirectionPanel(const window::Program& program) {
-    const window::Texts rows = program.Rows();
-    const auto modified = std::find_if(rows.begin(), rows.end(), [](const std::string& row) {
-        return row.find("Replace") != std::string::npos;
-    });
-    if (modified == rows.end()) throw std::runtime_error("no file is modified");
-    program.Click(window::Program::Cell("sMAC", static_cast<int>(modified - rows.begin())));
-    program.WaitUntilShown("Picture3");
+    int row = 0;
+    const auto cell = [&row] { return "sMAC(" + std::to_string(row) + ")"; };
+    while (program.Text(cell()).find("Replace") == std::string::npos) ++row;  // throws at the end
+    program.Click(cell());
+    program.WaitFor("Picture3", &window::Seen::Visible, true);
 }
 
 // The window once it has not changed for a while.
-window::ScreenPicture PictureAtRest(HWND window) {
-    window::ScreenPicture picture(window::AreaOf(window));
+std::string PictureAtRest(HWND window) {
+    std::string picture;
     for (int same = 0; same < kPicturesAtRest; ++same) {
-        const window::ScreenPicture last = picture;
-        picture = window::ScreenPicture(window::AreaOf(window));
-        if (!(picture == last)) same = 0;
+        const std::string last = std::exchange(picture, window::PictureOf(window::AreaOf(window)));
+        if (picture != last) same = 0;
     }
     return picture;
 }
@@ -41,7 +39,8 @@ void TakePicture(const std::string& pair, const std::string& file, const std::st
     const window::Program program(pair);
     if (moment != "start") program.Compare(kLongestComparison);
     if (moment == "direction") OpenDirectionPanel(program);
-    if (!PictureAtRest(program.Window()).Save(file))
+    const std::string picture = PictureAtRest(program.Window());
+    if (!(std::ofstream(file, std::ios::binary) << picture).flush())
         throw std::runtime_error("cannot write " + file);
 }
 

@@ -1,21 +1,23 @@
 #include "window/window_driver.h"
 
+#include <cstdio>
+#include <cstdlib>
 #include <exception>
-#include <optional>
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
 
+#include "platform/win32/control_inspection.h"
 #include "platform/win32/text_conversion.h"
 
 namespace window {
 
 namespace {
 
-using platform::win32::Narrow;
 using platform::win32::Wide;
 
 constexpr DWORD kPause = 3;               // ms between two looks
 constexpr unsigned kBetweenNudges = 800;  // ms; a tooltip needs half a second of rest
-constexpr int kPageRows = 25;
 
 // Looks for the program beside this one first.
 PROCESS_INFORMATION StartProgram(const std::string& arguments) {
@@ -26,19 +28,31 @@ PROCESS_INFORMATION StartProgram(const std::string& arguments) {
     if (!::CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                           &start, &process))
         throw std::runtime_error("cannot start the program");
+    ::CloseHandle(process.hThread);
     return process;
 }
 
-// The control that has the keyboard in a window's thread.
-HWND FocusOf(HWND window) {
-    GUITHREADINFO state{};
-    state.cbSize = sizeof state;
-    ::GetGUIThreadInfo(::GetWindowThreadProcessId(window, nullptr), &state);
-    return state.hwndFocus;
+std::string answer;  // to the last question about a control
+
+LRESULT CALLBACK TakeAnswer(HWND window, UINT id, WPARAM word, LPARAM number) {
+    if (id != WM_COPYDATA) return ::DefWindowProcW(window, id, word, number);
+    const auto& reply = *reinterpret_cast<const COPYDATASTRUCT*>(number);
+    answer.assign(static_cast<const char*>(reply.lpData), reply.cbData);
+    return TRUE;
 }
 
-bool IsFirstView(const std::string& heading) {
-    return heading.starts_with("New and Modified Files:") || heading.starts_with("Same Files:");
+// The window that answers are sent to.
+HWND MakeAsker() {
+    const HWND asker = ::CreateWindowExW(0, L"Static", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                         nullptr, nullptr);
+    ::SetWindowLongPtrW(asker, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&TakeAnswer));
+    return asker;
+}
+
+// What the answer says of this and all that follows; nothing when it does not speak of it.
+const char* Said(const std::string& key) {
+    const std::size_t at = answer.find("\n" + key + "=");
+    return at == std::string::npos ? "" : answer.c_str() + at + key.size() + 2;
 }
 
 }  // namespace
@@ -58,11 +72,9 @@ void WaitUntil(const std::string& what, const std::function<bool()>& condition, 
 }
 
 std::string TextOf(HWND window) {
-    const LRESULT length = ::SendMessageW(window, WM_GETTEXTLENGTH, 0, 0);
-    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(
-        ::SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
-    return Narrow(text);
+    wchar_t text[4096] = L"";
+    ::SendMessageW(window, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text));
+    return platform::win32::Narrow(text);
 }
 
 RECT AreaOf(HWND window) {
@@ -71,38 +83,49 @@ RECT AreaOf(HWND window) {
     return area;
 }
 
-std::string ClassOf(HWND window) {
-    wchar_t name[256] = L"";
-    ::GetClassNameW(window, name, 256);
-    return Narrow(name);
-}
-
-std::vector<HWND> TopWindows(DWORD process) {
-    std::vector<HWND> windows;
-    for (HWND window = ::GetTopWindow(nullptr); window; window = ::GetWindow(window, GW_HWNDNEXT)) {
-        DWORD owner = 0;
-        ::GetWindowThreadProcessId(window, &owner);
-        if (::IsWindowVisible(window) && (process == 0 || owner == process))
-            windows.push_back(window);
-    }
-    return windows;
-}
-
-HWND WaitForWindow(DWORD process, std::string_view windowClass, std::string_view title) {
-    HWND found = nullptr;
-    WaitUntil("a window " + std::string(windowClass) + " \"" + std::string(title) + "\"", [&] {
-        for (const HWND window : TopWindows(process))
-            if ((windowClass.empty() || ClassOf(window) == windowClass) &&
+HWND WaitForWindow(DWORD process, const char* windowClass, const std::string& title) {
+    HWND window = nullptr;
+    WaitUntil("a window " + title, [&] {
+        while ((window = ::FindWindowExA(nullptr, window, windowClass, nullptr))) {
+            DWORD owner = 0;
+            ::GetWindowThreadProcessId(window, &owner);
+            if (::IsWindowVisible(window) && (process == 0 || owner == process) &&
                 TextOf(window).find(title) != std::string::npos)
-                return (found = window) != nullptr;
+                return true;
+        }
         return false;
     });
-    return found;
+    return window;
 }
 
-void CloseWindowOf(HWND window) {
-    ::PostMessageW(window, WM_CLOSE, 0, 0);
-    Form(window).WaitUntilClosed();
+void EndWindow(HWND window, UINT message, WPARAM word) {
+    ::PostMessageW(window, message, word, 0);
+    WaitUntil("a window to close", [window] { return !::IsWindowVisible(window); });
+}
+
+void WaitForColor(POINT at, COLORREF color) {
+    WaitUntil("a colour on the screen", [&] { return ColorAt(at) == color; });
+}
+
+Seen Form::Look(std::string_view name) const {
+    static const HWND asker = MakeAsker();
+    std::string question(name);
+    COPYDATASTRUCT request{platform::win32::kInspectControl, static_cast<DWORD>(question.size()),
+                           question.data()};
+    answer.clear();
+    ::SendMessageTimeoutW(window_, WM_COPYDATA, reinterpret_cast<WPARAM>(asker),
+                          reinterpret_cast<LPARAM>(&request), SMTO_ABORTIFHUNG, kLimit, nullptr);
+    if (answer.empty()) throw std::runtime_error("the window tells nothing of " + question);
+    Seen seen;
+    RECT& area = seen.Area;
+    seen.Visible = *Said("visible") == '1';
+    seen.Bold = *Said("bold") == '1';
+    seen.Back = std::strtoul(Said("back"), nullptr, 16);
+    seen.Value = std::atoi(Said("value"));
+    std::sscanf(Said("area"), "%ld,%ld,%ld,%ld", &area.left, &area.top, &area.right, &area.bottom);
+    seen.Window = reinterpret_cast<HWND>(std::strtoll(Said("window"), nullptr, 10));
+    seen.Text = seen.Window ? TextOf(seen.Window) : Said("text");
+    return seen;
 }
 
 POINT Form::PlaceOf(std::string_view name) const {
@@ -121,26 +144,10 @@ void Form::Click(std::string_view name) const {
     ClickAt(PlaceOf(name));
 }
 
-void Form::Set(std::string_view name, bool value) const {
-    if (Look(name).Value == value) return;
-    Click(name);
-    WaitForValue(name, value);
-}
-
 void Form::Type(std::string_view name, std::string_view keys) const {
     Click(name);
     WaitForFocus(name);
-    ::SendMessageW(FocusOf(window_), EM_SETSEL, 0, -1);
     TypeKeys(keys);
-}
-
-void Form::Fill(std::string_view name, std::string_view text) const {
-    const HWND control = Look(name).Window;
-    const HWND inner = ::GetWindow(control, GW_CHILD);
-    const HWND field = inner ? inner : control;
-    ::SendMessageW(field, EM_SETSEL, 0, -1);
-    ::SendMessageW(field, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(text).c_str()));
-    WaitForText(name, text);
 }
 
 void Form::RunMenu(std::string_view name) const {
@@ -148,72 +155,41 @@ void Form::RunMenu(std::string_view name) const {
     ::PostMessageW(window_, WM_COMMAND, static_cast<WPARAM>(Look(name).Value), 0);
 }
 
-void Form::WaitFor(std::string_view name, const std::function<bool(const Seen&)>& condition) const {
-    WaitUntil(std::string(name), [&] { return condition(Look(name)); });
-}
-
-void Form::WaitForValue(std::string_view name, int value) const {
-    WaitFor(name, [value](const Seen& seen) { return seen.Value == value; });
-}
-
-void Form::WaitForText(std::string_view name, std::string_view text) const {
-    WaitUntil(std::string(name) + " to say \"" + std::string(text) + '"',
-              [&] { return Text(name) == text; });
-}
-
 void Form::WaitForFocus(std::string_view name) const {
     const HWND wanted = Look(name).Window;
+    const DWORD thread = ::GetWindowThreadProcessId(window_, nullptr);
     WaitUntil("the keyboard to come to " + std::string(name), [&] {
-        const HWND focus = FocusOf(window_);
-        return focus == wanted || (focus && ::GetParent(focus) == wanted);
+        GUITHREADINFO state{};
+        state.cbSize = sizeof state;
+        ::GetGUIThreadInfo(thread, &state);
+        return state.hwndFocus == wanted || ::GetParent(state.hwndFocus) == wanted;
     });
-}
-
-void Form::WaitUntilShown(std::string_view name, bool shown) const {
-    WaitFor(name, [shown](const Seen& seen) { return seen.Visible == shown; });
-}
-
-void Form::WaitUntilClosed() const {
-    WaitUntil("a window to close",
-              [this] { return !::IsWindow(window_) || !::IsWindowVisible(window_); });
-}
-
-ScreenPicture Form::WaitForColor(POINT at, COLORREF color) const {
-    std::optional<ScreenPicture> picture;
-    WaitUntil("a colour on the screen",
-              [&] { return picture.emplace(AreaOf(window_)).At(at.x, at.y) == color; });
-    return *std::move(picture);
 }
 
 Program::Program(const std::string& arguments) : Program(StartProgram(arguments)) {}
 
 Program::Program(const PROCESS_INFORMATION& started)
-    : Form(nullptr),
-      process_(started.hProcess),
-      thread_(started.hThread),
-      id_(started.dwProcessId) {
+    : Form(nullptr), process_(started.hProcess), id_(started.dwProcessId) {
     ParkPointer();
     window_ = WaitForWindow(id_, "FormMain", " Varnel ,  Version 8.12");
     WaitForQuiet();
-    WaitUntil("the keyboard", [this] { return FocusOf(window_) != nullptr; });
+    WaitForFocus("Combo1");
     // By then the program has heard what the screen tells of a new window.
     const Seen cell = Look("sFile1(9)");
     WaitForColor({cell.Area.left, cell.Area.top}, cell.Back);
 }
 
 Program::~Program() {
-    if (std::uncaught_exceptions() > 0) ScreenPicture::OfAll().Save(PictureOfFailure);
-    if (HasEnded()) return;
-    ::TerminateProcess(process_.Get(), 99);
+    if (std::uncaught_exceptions() > 0)
+        std::ofstream("window-failure.bmp", std::ios::binary)
+            << PictureOf(AreaOf(::GetDesktopWindow()));
+    ::TerminateProcess(process_.Get(), 99);  // does nothing to one that has ended
     ::WaitForSingleObject(process_.Get(), INFINITE);
 }
 
-bool Program::HasEnded() const {
-    return ::WaitForSingleObject(process_.Get(), 0) == WAIT_OBJECT_0;
-}
-
 unsigned Program::WaitForEnd() const {
-    WaitUntil("the program to end", [this] { return HasEnded(); });
+    if (::WaitForSingleObject(process_.Get(), kLimit) != WAIT_OBJECT_0)
+        throw std::runtime_error("the program does not end");
     DWORD status = 0;
     ::GetExitCodeProcess(process_.Get(), &status);
     return status;
@@ -226,29 +202,11 @@ unsigned Program::Close() const {
 
 // The heading tells when a comparison is over, so it must say something else before.
 void Program::Compare(unsigned limit) const {
-    if (IsFirstView(Text("LabelShow"))) {
-        Click("LabelNewFile");
-        WaitFor("LabelShow", [](const Seen& seen) { return !IsFirstView(seen.Text); });
-    }
+    const std::string before = Text("LabelShow");
     Click("Command3");
     WaitUntil(
         "the result of the comparison",
-        [this] { return IsFirstView(Text("LabelShow")) && Text("Command3") == "Compare"; }, limit);
-}
-
-std::string Program::Cell(std::string_view kind, int row) {
-    return std::string(kind) + "(" + std::to_string(row) + ")";
-}
-
-Texts Program::Rows() const {
-    Texts rows;
-    for (int row = 0; row < kPageRows && !Text(Cell("sTYPE", row)).empty(); ++row) {
-        std::string text = Text(Cell("sTYPE", row));
-        for (const char* kind : {"sFile1", "sSize1", "sMD1", "sMAC", "sFile2", "sSize2", "sMD2"})
-            text += "|" + Text(Cell(kind, row));
-        rows.push_back(text);
-    }
-    return rows;
+        [&] { return Text("LabelShow") != before && Text("Command3") == "Compare"; }, limit);
 }
 
 }  // namespace window

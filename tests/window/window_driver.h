@@ -7,18 +7,14 @@
 #include <functional>
 #include <string>
 #include <string_view>
-#include <vector>
+#include <type_traits>
 
 #include <windows.h>
 
 #include "platform/win32/handle.h"
-#include "window/input.h"
-#include "window/inspection.h"
-#include "window/screen_picture.h"
+#include "window/screen.h"
 
 namespace window {
-
-using Texts = std::vector<std::string>;
 
 inline constexpr unsigned kLimit = 20000;  // of a wait, in ms
 
@@ -28,18 +24,27 @@ void WaitUntil(const std::string& what, const std::function<bool()>& condition,
                unsigned limit = kLimit);
 
 std::string TextOf(HWND window);
-std::string ClassOf(HWND window);
 RECT AreaOf(HWND window);  // in pixels of the screen
 
-// The visible windows of a process, or of all if it is 0; the front one first.
-std::vector<HWND> TopWindows(DWORD process);
+// Waits for the visible window of a process (any if it is 0) that has this class (any if it is
+// null) and this part in its title.
+HWND WaitForWindow(DWORD process, const char* windowClass, const std::string& title);
 
-// Waits for the window of such a process whose class is this one (any if it is empty) and whose
-// title has this part.
-HWND WaitForWindow(DWORD process, std::string_view windowClass, std::string_view title);
+// Posts the message that ends a window, and returns when it is gone.
+void EndWindow(HWND window, UINT message, WPARAM word = 0);
 
-// Has another program's window closed, and returns when it is gone.
-void CloseWindowOf(HWND window);
+void WaitForColor(POINT at, COLORREF color);
+
+// What platform/win32/control_inspection.h tells of a control or a menu entry.
+struct Seen {
+    bool Visible = false;  // with all its containers
+    bool Bold = false;
+    COLORREF Back = 0;
+    int Value = 0;          // checked, scroll value, selected entry, or a menu entry's command
+    RECT Area{};            // in pixels of the screen
+    HWND Window = nullptr;  // none for what its container paints
+    std::string Text;       // of a control with a window what that shows
+};
 
 // One of the program's windows with controls of fixed names.
 class Form {
@@ -48,9 +53,9 @@ class Form {
 
     HWND Window() const { return window_; }
 
-    Seen Look(std::string_view name) const { return Inspect(window_, name); }
+    // Throws when nothing of the form bears the name, or the form does not answer.
+    Seen Look(std::string_view name) const;
     std::string Text(std::string_view name) const { return Look(name).Text; }
-    bool Shows(std::string_view name) const { return Look(name).Visible; }
 
     // The middle of a control that is shown, on the screen.
     POINT PlaceOf(std::string_view name) const;
@@ -63,32 +68,25 @@ class Form {
     void Point(std::string_view name) const { MovePointer(PlaceOf(name)); }
     void Click(std::string_view name) const;
 
-    // Clicks a check box or an option and waits until it has the value.
-    void Set(std::string_view name, bool value = true) const;
-
-    // Replaces the text of a field: by the keyboard, or by a message, where typing is not the
-    // point. The latter waits until the program has the text.
+    // Clicks a field and types into it.
     void Type(std::string_view name, std::string_view keys) const;
-    void Fill(std::string_view name, std::string_view text) const;
 
     // Once the window is quiet, the program reads a command of the menu, as when the menu sends it.
     void RunMenu(std::string_view name) const;
 
-    void WaitFor(std::string_view name, const std::function<bool(const Seen&)>& condition) const;
-    void WaitForValue(std::string_view name, int value) const;
-    void WaitForText(std::string_view name, std::string_view text) const;
+    // Waits until this is seen of a control.
+    template <typename T>
+    void WaitFor(std::string_view name, T Seen::*what, const std::type_identity_t<T>& value) const {
+        WaitUntil(std::string(name), [&] { return Look(name).*what == value; });
+    }
     void WaitForFocus(std::string_view name) const;
-    void WaitUntilShown(std::string_view name, bool shown = true) const;
-    void WaitUntilClosed() const;
-
-    // A picture of the window, as soon as a point on the screen has this colour.
-    ScreenPicture WaitForColor(POINT at, COLORREF color) const;
 
   protected:
     HWND window_;
 };
 
-// A running program and its main window.
+// A running program and its main window. When an exception ends it before its time, a picture of
+// the screen is left in window-failure.bmp.
 class Program : public Form {
   public:
     // Returns when the window is seen on the screen and takes the keys. The pointer is far from it.
@@ -98,30 +96,16 @@ class Program : public Form {
     Program& operator=(const Program&) = delete;
 
     DWORD Id() const { return id_; }
-    bool HasEnded() const;
     unsigned WaitForEnd() const;  // its exit status
     unsigned Close() const;       // by the cross of its window; its exit status
 
-    // The program stands still in between; what is sent to it meanwhile waits.
-    void Pause() const { ::SuspendThread(thread_.Get()); }
-    void Resume() const { ::ResumeThread(thread_.Get()); }
-
-    // Clicks Compare and waits for the result.
+    // Clicks Compare and waits for the result, whose heading must be another one than before.
     void Compare(unsigned limit = kLimit) const;
-
-    // The rows of the grid that are not empty: the texts of the cells from left to right, a bar
-    // between them.
-    Texts Rows() const;
-    static std::string Cell(std::string_view kind, int row);
-
-    // Where a picture of the screen goes when an exception ends the program before its time.
-    static inline std::string PictureOfFailure = "window-failure.bmp";
 
   private:
     explicit Program(const PROCESS_INFORMATION& started);
 
     platform::win32::Handle process_;
-    platform::win32::Handle thread_;  // the only one that has windows
     DWORD id_;
 };
 

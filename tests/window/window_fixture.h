@@ -1,21 +1,17 @@
-// What the tests of the real window share: two folders, an empty history. A test that
-// fails leaves a picture of the screen, failed-NAME.bmp.
+// What the tests of the real window share: two folders, an empty history.
 #pragma once
 
+#include <cstdlib>
 #include <string>
-#include <string_view>
 
 #include <gtest/gtest.h>
 
 #include "fakes/temp_folder.h"
-#include "platform/file_time.h"
 #include "window/dialog_driver.h"
-#include "window/window_driver.h"
 
 namespace window {
 
-inline const platform::FileTime kOlder = fakes::Time("2020-01-02 03:04:05 UTC");
-inline const platform::FileTime kNewer = fakes::Time("2021-02-03 04:05:06 UTC");
+inline constexpr char kHistory[] = "SOFTWARE\\SystemInfoFolderCS1993";
 
 // The backs of rows of the grid.
 inline constexpr COLORREF kPlain = 0xFFFFC0, kHovered = 0xFFFF80, kSelected = 0x008000;
@@ -23,32 +19,29 @@ inline constexpr COLORREF kPlain = 0xFFFFC0, kHovered = 0xFFFF80, kSelected = 0x
 // The folders "1" and "2" in a folder of the test.
 class WindowTest : public testing::Test {
   protected:
-    void SetUp() override;
-
-    void Put(std::string_view name, std::string_view content,
-             platform::FileTime time = kOlder) const {
-        Files.WriteFile(name, content, time);
+    void SetUp() override {
+        if (!std::getenv("VARNEL_WINE_SESSION"))
+            GTEST_SKIP()
+                << "moves the pointer and clears the history: only in a session of its own";
+        ::RegDeleteTreeA(HKEY_LOCAL_MACHINE, kHistory);
+        Files.MakeFolder("1");
+        Files.MakeFolder("2");
     }
-    // The screen's setting for programs that start from now on; 0 for its own.
-    static void SetScreenScale(DWORD dpi);
 
     // "new1.txt", "sub/new2.txt" in 1, "only2.txt" in 2, "chg-right.txt" newer in 1, "chg-left.txt"
     // newer in 2, and "same.txt".
-    void PutSmallPair() const;
+    void PutSmallPair() const {
+        for (const char* name : {"1/new1.txt", "1/sub/new2.txt", "2/only2.txt", "2/chg-right.txt",
+                                 "1/chg-left.txt", "1/same.txt", "2/same.txt"})
+            Files.WriteFile(name, "as it was", fakes::Time("2020-01-02 03:04:05 UTC"));
+        for (const char* name : {"1/chg-right.txt", "2/chg-left.txt"})
+            Files.WriteFile(name, "newer");
+    }
 
-    // Holds a file so that nobody else can open it.
-    platform::win32::Handle Locked(std::string_view name) const;
-
-    std::string Folder1() const { return Files.Path("1"); }
-    std::string Folder2() const { return Files.Path("2"); }
-    // The two as a command line.
-    std::string Pair() const { return Folder1() + " , " + Folder2(); }
+    // The two folders as a command line.
+    std::string Pair() const { return Files.Path("1") + " , " + Files.Path("2"); }
 
     fakes::TempFolder Files;
 };
-
-// The history of folder pairs; an empty value where there is none.
-std::string HistoryValue(int slot);
-void SetHistoryValue(int slot, const std::string& value);
 
 }  // namespace window

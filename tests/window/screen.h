@@ -1,15 +1,21 @@
-// The pointer and the keyboard of the screen that the tests run on.
+// The screen that the tests run on: what it shows, its pointer and its keyboard. Places are in its
+// pixels.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include <windows.h>
 
 namespace window {
 
+COLORREF ColorAt(POINT point);  // 0x00BBGGRR
+
+// A part of the screen as a BMP file.
+std::string PictureOf(const RECT& area);
+
 POINT MiddleOf(const RECT& area);
 
-// The pointer, in pixels of the screen.
 void MovePointer(POINT to);
 void NudgePointer();  // reports anew where it stands
 void ParkPointer();   // in the corner of the screen, where no window is

@@ -1,4 +1,4 @@
-#include "window/input.h"
+#include "window/screen.h"
 
 #include <stdexcept>
 
@@ -32,23 +32,49 @@ void SendPointer(POINT at, DWORD flags, int data = 0) {
     Send(event);
 }
 
-void SendKey(WORD key, WORD scan, DWORD flags) {
+void SendKey(WORD key, DWORD flags, WORD character = 0) {
     INPUT event{};
     event.type = INPUT_KEYBOARD;
     event.ki.wVk = key;
-    event.ki.wScan = scan;
+    event.ki.wScan = character;
     event.ki.dwFlags = flags;
     Send(event);
 }
 
-void SendKey(WORD key, DWORD flags) {
-    // The arrows and their neighbours, which the block of digits has a second time.
-    const bool extended = (key >= VK_PRIOR && key <= VK_DOWN) || key == VK_DELETE;
-    SendKey(key, static_cast<WORD>(::MapVirtualKeyW(key, MAPVK_VK_TO_VSC)),
-            flags | (extended ? KEYEVENTF_EXTENDEDKEY : 0));
+}  // namespace
+
+COLORREF ColorAt(POINT point) {
+    const HDC screen = ::GetDC(nullptr);
+    const COLORREF color = ::GetPixel(screen, point.x, point.y);
+    ::ReleaseDC(nullptr, screen);
+    return color;
 }
 
-}  // namespace
+std::string PictureOf(const RECT& area) {
+    const LONG width = area.right - area.left, height = area.bottom - area.top;
+    BITMAPINFO format{};
+    format.bmiHeader = {sizeof format.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    const HDC screen = ::GetDC(nullptr);
+    const HDC canvas = ::CreateCompatibleDC(screen);
+    void* bits = nullptr;
+    const HBITMAP bitmap = ::CreateDIBSection(canvas, &format, DIB_RGB_COLORS, &bits, nullptr, 0);
+    if (!bitmap) throw std::runtime_error("no room for a picture of the screen");
+    const HGDIOBJ before = ::SelectObject(canvas, bitmap);
+    ::BitBlt(canvas, 0, 0, width, height, screen, area.left, area.top, SRCCOPY);
+    ::GdiFlush();
+    BITMAPFILEHEADER header{};
+    header.bfType = 'B' | 'M' << 8;
+    header.bfOffBits = sizeof header + sizeof format.bmiHeader;
+    header.bfSize = header.bfOffBits + static_cast<DWORD>(width * height) * 4;
+    std::string file(reinterpret_cast<const char*>(&header), sizeof header);
+    file.append(reinterpret_cast<const char*>(&format.bmiHeader), sizeof format.bmiHeader);
+    file.append(static_cast<const char*>(bits), header.bfSize - header.bfOffBits);
+    ::SelectObject(canvas, before);
+    ::DeleteObject(bitmap);
+    ::DeleteDC(canvas);
+    ::ReleaseDC(nullptr, screen);
+    return file;
+}
 
 POINT MiddleOf(const RECT& area) {
     return {(area.left + area.right) / 2, (area.top + area.bottom) / 2};
@@ -93,8 +119,8 @@ void PressKey(WORD key, WORD held) {
 
 void TypeKeys(std::string_view characters) {
     for (const wchar_t character : platform::win32::Wide(characters)) {
-        SendKey(0, character, KEYEVENTF_UNICODE);
-        SendKey(0, character, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP);
+        SendKey(0, KEYEVENTF_UNICODE, character);
+        SendKey(0, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP, character);
     }
 }
 
