@@ -17,15 +17,14 @@ bool WithinTwoSeconds(platform::FileTime a, platform::FileTime b) {
     return seconds < 2 || (seconds == 2 && b.Nanoseconds < a.Nanoseconds);
 }
 
-// The file that a copy did not replace may well be that near to the other one.
-bool Succeeded(const CompareItem& item, bool copied) {
-    if (!item.HasSize1() || !item.HasSize2() || item.Bytes1 != item.Bytes2) return false;
-    return copied ? WithinTwoSeconds(item.Time1, item.Time2) : item.Time1 == item.Time2;
+bool HasEqualSizes(const CompareItem& item) {
+    return item.HasSize1() && item.HasSize2() && item.Bytes1 == item.Bytes2;
 }
 
 }  // namespace
 
 void SyncRefresh::Examine(CompareItem item, bool copied) {
+    const bool sameBefore = item.Time1 == item.Time2;
     const platform::FileStatus file1 = files_.Look(item.Path1());
     const platform::FileStatus file2 = files_.Look(item.Path2());
     item.Time1 = file1.Time;
@@ -33,7 +32,10 @@ void SyncRefresh::Examine(CompareItem item, bool copied) {
     item.Bytes1 = file1.Size;
     item.Bytes2 = file2.Size;
     const bool rightward = code::IsRightward(item.Code);
-    if (Succeeded(item, copied)) {
+    // Files that no copy has made alike may have been nearly or wholly alike before.
+    const bool alike =
+        copied ? WithinTwoSeconds(item.Time1, item.Time2) : item.Time1 == item.Time2 && !sameBefore;
+    if (alike && HasEqualSizes(item)) {
         (rightward ? table_.SyncLrList : table_.SyncRlList).push_back(item);
     } else {
         item.Code = rightward ? code::kFailedRight : code::kFailedLeft;

@@ -30,7 +30,7 @@ class SyncRefresh {
     // row has been handled: after a million rows, a stop would have to wait for as many looks. A
     // row succeeded when both files exist with equal sizes and with times less than two seconds
     // apart (file systems round); else its code becomes 31 or 32. Where no copy was done the times
-    // must be equal.
+    // must be equal now and must not have been so before.
     void Examine(compare::CompareItem item, bool copied);
 
     // Shows the tallies of the rows since Begin.

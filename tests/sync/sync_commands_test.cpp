@@ -180,10 +180,12 @@ TEST_F(SyncCommandsTest, SuccessIsToldFromTheFilesAndNearTimesCountAfterACopyAlo
     constexpr FileStatus kFile{{100, 500'000'000}, 7}, kNone;
     const struct {
         FileStatus File1, File2;
-        bool Copied, Succeeds;
+        bool Copied, Succeeds, AlikeBefore = false;
     } cases[] = {
         {kFile, kFile, kCopied, true},
+        {kFile, kFile, kCopied, true, true},
         {kFile, kFile, kNotCopied, true},
+        {kFile, kFile, kNotCopied, false, true},
         {kFile, {{102, 499'999'999}, 7}, kCopied, true},
         {kFile, {{98, 500'000'001}, 7}, kCopied, true},
         {kFile, {{102, 500'000'000}, 7}, kCopied, false},
@@ -203,8 +205,10 @@ TEST_F(SyncCommandsTest, SuccessIsToldFromTheFilesAndNearTimesCountAfterACopyAlo
             SCOPED_TRACE(std::to_string(&c - cases) + " code " + std::to_string(code));
             Put("1/a", c.File1.Time, c.File1.Size);
             Put("2/a", c.File2.Time, c.File2.Size);
+            compare::CompareItem item = fakes::Item(kRoots, "a", code);
+            if (!c.AlikeBefore) item.Time1 = {1, 0};
             refresh.Begin();
-            refresh.Examine(fakes::Item(kRoots, "a", code), c.Copied);
+            refresh.Examine(item, c.Copied);
             const std::string used = std::to_string(c.Succeeds ? code : code % 10 == 1 ? 31 : 32);
             EXPECT_EQ(Rows(table.SyncAllList), Texts{used + " a"});
             EXPECT_EQ(table.FailList.empty(), c.Succeeds);
