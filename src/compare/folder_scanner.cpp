@@ -226,8 +226,8 @@ const FolderPair* FolderScanner::PairOf(ScannedFolder& folder) {
 
 platform::FileStatus FolderScanner::Look(const FilePair& pair, Side side) {
     ScannedFolder* folder = current_[IndexOf(side)];
-    platform::Folder* opened = folder ? trees_[IndexOf(side)]->Open(*folder) : nullptr;
-    const platform::FileStatus status = opened ? opened->Look(pair.Name) : platform::FileStatus{};
+    const platform::FileStatus status =
+        folder ? trees_[IndexOf(side)]->Look(*folder, pair.Name) : platform::FileStatus{};
     if (side == Side::One && status.Time.IsZero()) NoteMissing();
     return status;
 }

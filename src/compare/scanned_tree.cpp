@@ -7,6 +7,13 @@
 
 namespace compare {
 
+namespace {
+
+// Opening and closing a folder costs what the longer path costs in about thirty look-ups.
+constexpr int kLookUpsBeforeOpening = 8;
+
+}  // namespace
+
 void ScanTroubles::AddUnreadable(platform::Outcome outcome) {
     ++UnreadableCount;
     if (UnreadableFolders.size() < kMostNamed) UnreadableFolders.push_back(std::move(outcome));
@@ -65,6 +72,24 @@ void ScannedTree::List(ScannedFolder& folder) {
     folder.Subfolders.reserve(entries.size() - static_cast<std::size_t>(fileCount));
     for (std::size_t i = 0; i < entries.size(); ++i)
         AddEntry(folder, entries[i], listing_.Statuses.empty() ? nullptr : &listing_.Statuses[i]);
+    // Nothing will be opened from here. What the system keeps of a listing is freed sooner, while
+    // it is in the processor's caches.
+    if (folder.Parent && folder.Subfolders.empty()) folder.Opened.reset();
+}
+
+// The second walk, as a rule, has one file to look for in a folder, and a folder may hold but one.
+platform::FileStatus ScannedTree::Look(ScannedFolder& folder, const char* name) {
+    if (folder.Parent && !folder.Opened && folder.LookUpsFromAbove < kLookUpsBeforeOpening) {
+        if (platform::Folder* above = Open(*folder.Parent)) {
+            ++folder.LookUpsFromAbove;
+            pathFromAbove_.assign(folder.Text());
+            pathFromAbove_ += platform::Separator;
+            pathFromAbove_ += name;
+            return above->Look(pathFromAbove_.c_str());
+        }
+    }
+    platform::Folder* opened = Open(folder);
+    return opened ? opened->Look(name) : platform::FileStatus{};
 }
 
 void ScannedTree::AddEntry(ScannedFolder& folder, const platform::FolderEntry& entry,
@@ -130,6 +155,7 @@ platform::Folder* ScannedTree::Open(ScannedFolder& folder) {
     // The system may allow fewer open files than are kept here.
     if (!folder.Opened && recent_.CloseAll()) folder.Opened = OpenFromAbove(folder);
     if (folder.Opened && folder.Parent) recent_.Keep(folder);
+    folder.LookUpsFromAbove = 0;
     return folder.Opened.get();
 }
 

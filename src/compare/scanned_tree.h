@@ -45,7 +45,8 @@ struct ScannedFolder {
     std::uint16_t Length = 0;
     bool Listed = false;
     bool Readable = true;
-    bool Paired = false;  // its names have been matched with Other's
+    bool Paired = false;                // its names have been matched with Other's
+    std::uint8_t LookUpsFromAbove = 0;  // since it was open
 
     std::vector<ScannedFile> Files;
     std::vector<platform::FileStatus> Statuses;  // of Files, where a listing gives them
@@ -91,8 +92,8 @@ class ScannedTree {
     // The subfolder of an unreadable `parent` with the name of `like`, if there is one.
     ScannedFolder* Probe(ScannedFolder& parent, const ScannedFolder& like);
 
-    // The folder opened for look-ups, or null. Good until the next call.
-    platform::Folder* Open(ScannedFolder& folder);
+    // The status of the file of that name in the folder.
+    platform::FileStatus Look(ScannedFolder& folder, const char* name);
 
     std::string PathOf(const ScannedFolder& folder) const;
 
@@ -101,6 +102,8 @@ class ScannedTree {
                   const platform::FileStatus* status);
     ScannedFolder& AddSubfolder(ScannedFolder& parent, const char* name, std::uint16_t length);
     bool LeadsBackUp(ScannedFolder& link);
+    // The folder opened for look-ups, or null. Good until the next call.
+    platform::Folder* Open(ScannedFolder& folder);
     std::optional<platform::FolderIdentity> IdentityOf(ScannedFolder& folder);
     std::unique_ptr<platform::Folder> OpenFromAbove(ScannedFolder& folder);
 
@@ -111,7 +114,8 @@ class ScannedTree {
     const std::string rootPath_;
     std::deque<ScannedFolder> folders_;
     platform::Outcome openFailure_;
-    platform::Listing listing_;  // kept for its capacity
+    platform::Listing listing_;  // kept for its capacity, as is the next
+    std::string pathFromAbove_;
 };
 
 }  // namespace compare

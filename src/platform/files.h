@@ -65,7 +65,7 @@ class Folder {
     // Adds the folder's entries to `listing`. After a failure the entries read so far stay in it.
     virtual Outcome List(TextArena& names, Listing& listing) = 0;
 
-    // The status of the file of this name (NUL-terminated) in the folder.
+    // The status of the file of this name, or relative path, in the folder (NUL-terminated).
     virtual FileStatus Look(const char* name) = 0;
 
     virtual bool IsFolder(const char* name) = 0;
