@@ -1,9 +1,7 @@
 // Somebody changes the files while they are synchronised: a source, at every moment of the run; a
 // folder or a whole root that goes away.
-#include <filesystem>
-#include <fstream>
+#include <cstdlib>
 
-#include <sys/stat.h>
 #include <sys/syscall.h>
 
 #include "reliability/pair_test.h"
@@ -11,111 +9,68 @@
 namespace reliability {
 namespace {
 
-namespace fs = std::filesystem;
-using cli::kHour;
-using cli::kNoon;
-
-class ChangingFiles : public PairTest {};
-
-// The same act before every call on files.
-Acts BeforeCalls(const Moment& now, const std::function<void(Moment&)>& act) {
-    return now.After ? Acts{} : Acts{act};
-}
+class ChangingFiles : public PairTest {
+  protected:
+    // Lets the shell do this in the temporary folder.
+    void Shell(const std::string& commands) const {
+        const std::string script = "cd '" + Path("") + "' && " + commands;
+        EXPECT_EQ(std::system(script.c_str()), 0) << script;
+    }
+    // The same before each call.
+    std::vector<Act> ShellBefore(const Moment& now, const std::string& commands) const {
+        if (now.After) return {};
+        return {[this, commands](Moment&) { Shell(commands); }};
+    }
+};
 
 TEST_F(ChangingFiles, ASourceIsCopiedAsItWasOrAsItIsOrNotAtAll) {
     const std::string before = Bytes(140'000, 'A');
-    const std::string other = Bytes(140'000, 'a');
-    const struct {
-        const char* Name;
-        std::function<void(const std::string& path)> Make;
-        std::string After;  // what the path then holds
-    } changes[] = {
-        {"grows", [](auto& path) { std::ofstream(path, std::ios::app) << "more"; },
-         before + "more"},
-        {"shrinks", [](auto& path) { fs::resize_file(path, 1000); }, before.substr(0, 1000)},
-        {"is written anew", [&](auto& path) { std::fstream(path) << other; }, other},
-        {"is touched",
-         [](auto& path) { fs::last_write_time(path, fs::file_time_type::clock::now()); }, before},
-        {"gives way to another",
-         [&](auto& path) {
-             std::ofstream(path + "+") << other;
-             fs::rename(path + "+", path);
-         },
-         other},
-        {"disappears", [](auto& path) { fs::remove(path); }, "(none)"},
-        {"becomes a pipe",
-         [](auto& path) {
-             fs::remove(path);
-             EXPECT_EQ(::mkfifo(path.c_str(), 0666), 0);
-         },
-         "(none)"},
-    };
-    Subjects = {{"replaced", Version{before, kNoon + kHour}, Version{"old", kNoon}},
-                {"new", Version{before, kNoon}, {}}};
-    for (const auto& [changeName, make, after] : changes) {
-        SCOPED_TRACE(changeName);
+    Before = {{"one/replaced", {kNoon + kHour, before}},
+              {"two/replaced", {kNoon, "old"}},
+              {"one/new", {kNoon, before}}};
+    const std::pair<std::string, std::string> targets[] = {{"replaced", "old"}, {"new", "(none)"}};
+    File("other", Bytes(140'000, 'a'));
+    for (const std::string change :
+         {"echo more >>$f", "truncate -s 1000 $f", "touch $f", "cp other $f",
+          "cp other another && mv another $f", "rm $f", "rm $f && mkfifo $f"}) {
+        SCOPED_TRACE(change);
         std::map<std::string, long> looks;  // the last moment at which a path was looked at
-        const auto change = [&, make = make](Moment&) {
-            for (const Subject& subject : Subjects) make(Path("one/" + subject.Name));
-        };
         const auto plan = [&](const Moment& now) {
-            if (now.Call == SYS_newfstatat) looks[now.Text(1)] = now.Index;
-            return BeforeCalls(now, change);
+            if (now.Call == SYS_newfstatat) looks[now.Path] = now.Index;
+            return ShellBefore(now, "for f in one/*; do " + change + "; done");
         };
-        Disturb(Sync(), kEach, plan, [&, after = after](const TracedEnd& run, const Moment& at) {
-            for (const auto& [name, one, two] : Subjects) {
-                const std::string target = Content("two/" + name);
-                EXPECT_TRUE(target == (two ? two->Content : "(none)") || target == before ||
-                            target == after)
-                    << "two/" << name << " is torn";
+        Disturb(Sync(), kEach, plan, [&](const cli::Ended& run, const Moment& at) {
+            for (const auto& [name, old] : targets) {
+                const std::string source = Content("one/" + name), target = Content("two/" + name);
+                const std::string path = Path("one/" + name);
+                EXPECT_TRUE(target == old || target == before || target == source) << name;
                 // The last look at a source is the one at the result of its row.
-                const bool changedAfterTheLook = at.Index >= looks.at(Path("one/" + name));
-                const bool done = run.Output.find("OK -->\", \"path1\": \"" + One() + "/" + name) !=
-                                  std::string::npos;
-                EXPECT_TRUE(!done || changedAfterTheLook || target == Content("one/" + name))
-                    << name;
+                const bool changedAfterTheLook = at.Index >= looks.at(path);
+                const bool done =
+                    run.Output.find("OK -->\", \"path1\": \"" + path) != run.Output.npos;
+                EXPECT_TRUE(!done || changedAfterTheLook || target == source) << name;
             }
-            for (const auto& entry : fs::directory_iterator(Two()))
-                EXPECT_FALSE(entry.path().filename().string().starts_with("."));
+            for (const auto& [name, content] : Files("two")) EXPECT_NE(name[0], '.') << name;
         });
         if (HasFailure()) return;
     }
 }
 
-// What is there already stays.
-void MoveInto(const fs::path& from, const fs::path& to) {
-    for (const fs::directory_entry& entry : fs::directory_iterator(from)) {
-        const fs::path target = to / entry.path().filename();
-        if (!fs::exists(target))
-            fs::rename(entry.path(), target);
-        else if (entry.is_directory())
-            MoveInto(entry.path(), target);
-    }
-}
-
-// What is renamed away and back again can be looked at afterwards.
+// What is renamed away and back again can be looked at afterwards. What was made in its place
+// belongs to it; what is there already stays.
 TEST_F(ChangingFiles, AFolderOrARootThatGoesAwayTakesNothingWithIt) {
-    Subjects = {{"a/replaced", Version{"new", kNoon + kHour}, Version{"old", kNoon}},
-                {"a/left", {}, Version{"1", kNoon}},
-                {"a/right", Version{"2", kNoon}, {}},
-                {"b/left", Version{"old", kNoon}, Version{"new", kNoon + kHour}},
-                {"b/c/right", Version{"3", kNoon}, {}}};
-    for (const std::string name : {"one/a", "two/a", "two/b", "one/b/c", "one", "two"}) {
-        SCOPED_TRACE(name);
-        const fs::path gone = Path(name);
-        const fs::path away = Path("away");
-        const auto moveAway = [&](Moment&) {
-            std::error_code ignored;
-            fs::rename(gone, away, ignored);
+    const Version old{kNoon, "old"}, recent{kNoon + kHour, "new"};
+    Before = {{"one/a/replaced", recent}, {"two/a/replaced", old}, {"two/a/left", old},
+              {"one/a/right", old},       {"one/b/left", old},     {"two/b/left", recent},
+              {"one/b/c/right", old}};
+    for (const std::string gone : {"one/a", "two/a", "two/b", "one/b/c", "one", "two"}) {
+        SCOPED_TRACE(gone);
+        const auto plan = [&](const Moment& now) {
+            return ShellBefore(now, "if [ -e " + gone + " ]; then mv " + gone + " away; fi");
         };
-        const auto plan = [&](const Moment& now) { return BeforeCalls(now, moveAway); };
-        Disturb(Sync(), 70, plan, [&](const TracedEnd& run, const Moment&) {
-            if (fs::exists(away)) {
-                // What was made in its place belongs to it.
-                if (fs::exists(gone)) MoveInto(gone, away);
-                fs::remove_all(gone);
-                fs::rename(away, gone);
-            }
+        Disturb(Sync(), 70, plan, [&](const cli::Ended& run, const Moment&) {
+            Shell("if [ -e away ]; then mkdir -p " + gone + " && cp -an " + gone +
+                  "/. away && rm -r " + gone + " && mv away " + gone + "; fi");
             ExpectWhole();
             EXPECT_EQ(run.Output.find("\"code\": 0,"), std::string::npos);
             ExpectNextSyncFinishes();
@@ -125,15 +80,15 @@ TEST_F(ChangingFiles, AFolderOrARootThatGoesAwayTakesNothingWithIt) {
 }
 
 TEST_F(ChangingFiles, ARootThatIsGoneBeforeItIsListedIsNamed) {
-    Subjects = {{"a", Version{"a", kNoon}, {}}};
+    Before = {{"one/a", {kNoon, "a"}}};
     for (const std::string& root : {One(), Two()}) {
         // The last moment: when the root is opened, having been found.
         const auto plan = [&](const Moment& now) {
-            const bool opens = !now.After && now.Call == SYS_openat && now.Text(1) == root + "/";
-            return opens ? Acts{[&](Moment&) { fs::rename(root, Path("away")); }} : Acts{};
+            const bool opens = now.Call == SYS_openat && now.Path == root + "/";
+            return opens ? ShellBefore(now, "rm -r " + root) : std::vector<Act>();
         };
-        Disturb(Sync(), 1, plan, [&](const TracedEnd& run, const Moment&) {
-            EXPECT_NE(run.Error.find("cannot read folder '" + root + "/'"), std::string::npos)
+        Disturb(Sync(), 1, plan, [&](const cli::Ended& run, const Moment&) {
+            EXPECT_NE(run.Error.find("cannot read folder '" + root + "/'"), run.Error.npos)
                 << run.Error;
         });
     }

@@ -16,36 +16,24 @@ namespace reliability {
 // what the C library asks of memory, signals and the like depends on chance, and cannot fail in a
 // way that concerns us.
 struct Moment {
-    long Index = 0;      // from 0
-    bool After = false;  // on the way out of the call
-    long Call = 0;       // its number, SYS_openat and so on
-    std::uint64_t Arguments[6] = {};
+    long Index = 0;           // from 0
+    bool After = false;       // on the way out of the call
+    long Call = 0;            // its number, SYS_openat and so on
+    std::string Path;         // what it opens or looks at
     std::int64_t Result = 0;  // on the way out; a negated errno where it failed
 
     int Process = -1;
-    std::optional<std::int64_t> Instead;  // of a call that is not made: its result
-    bool Last = false;                    // set it, and the run goes on alone from here
+    std::optional<std::int64_t> Instead;
 
-    // The text that an argument points to.
-    std::string Text(int argument) const;
-
-    void Kill();
     // Before a call: it is not made. After one: it was made, whatever it says.
     void Return(std::int64_t result);
 };
 
-struct TracedEnd : cli::Ended {
-    long Calls = 0;  // up to the last moment
-};
+// False: the run goes on alone from here.
+using Watch = std::function<bool(Moment&)>;
 
-using Watch = std::function<void(Moment&)>;
-
-// False where the system does not let a program be traced, or where this is not written for its
-// processor.
-bool CanTrace();
-
-// Runs the program to its end. Moments count from the first call that names the folder `from`, so
-// that the start of the program is left out.
-TracedEnd RunTraced(cli::Launch launch, const std::string& from, const Watch& watch);
+// Runs the program to its end. Moments count from the first call that names something in the folder
+// that it works in, so that the start of the program is left out.
+cli::Ended RunTraced(cli::Launch launch, const Watch& watch);
 
 }  // namespace reliability
