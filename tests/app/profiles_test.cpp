@@ -1,7 +1,6 @@
 #include "app/profiles.h"
 
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,6 @@
 // What a comparison asks, finds, makes of it and shows.
 #include <optional>
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 

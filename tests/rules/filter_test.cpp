@@ -135,8 +135,8 @@ TEST_F(FilterDialogTest, OkTakesEntriesAndModeAndCancelForgetsThem) {
         EXPECT_EQ(form.Filter.FilterExtensions, "/bmp");
         dialog.OptionExc.Click();
         dialog.CommandOK.Click();
+        EXPECT_FALSE(host.IsShown(dialog.FormFilter));
     });
-    EXPECT_FALSE(host.IsShown(dialog.FormFilter));
     ExpectDescribed("Sync all type of file.", "Sync all type of file.");
 }
 

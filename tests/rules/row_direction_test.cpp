@@ -1,7 +1,6 @@
 #include "rules/row_direction.h"
 
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 

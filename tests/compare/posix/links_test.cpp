@@ -1,57 +1,45 @@
 // Trees that only a real file system can hold: links, folders that may not be read.
 #include <algorithm>
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "app/form_main.h"
-#include "fakes/items.h"
-#include "fakes/memory_registry.h"
+#include "fakes/main_window.h"
 #include "fakes/posix/ordinary_user.h"
-#include "fakes/temp_folder.h"
-#include "platform/headless/headless_host.h"
 
 namespace compare {
 namespace {
 
-using Texts = std::vector<std::string>;
+using fakes::Texts;
 
-class RealTreesTest : public testing::Test {
+class RealTreesTest : public fakes::MainWindowTest {
   protected:
     RealTreesTest() {
         for (const char* name : {"1", "2"}) folder.MakeFolder(name);
-        form.Load("");
-        form.Combo1.Edit(folder.Path("1"));
-        form.Combo2.Edit(folder.Path("2"));
+        onDisk.Combo1.Edit(folder.Path("1"));
+        onDisk.Combo2.Edit(folder.Path("2"));
     }
-    void Put(const char* name) {
-        folder.WriteFile(name, "x", fakes::Time("2020-01-02 03:04:05 UTC"));
-    }
+    void PutFile(const char* name) const { folder.WriteFile(name, "x", fakes::kOld); }
     // The rows, sorted: their order is the file system's chance.
     Texts Compared() {
-        form.Command3.Click();
-        ItemList all = form.Table.NewChgList;
-        all.insert(all.end(), form.Table.SameList.begin(), form.Table.SameList.end());
+        onDisk.Command3.Click();
+        ItemList all = onDisk.Table.NewChgList;
+        all.insert(all.end(), onDisk.Table.SameList.begin(), onDisk.Table.SameList.end());
         Texts rows = fakes::Rows(all);
         std::sort(rows.begin(), rows.end());
         return rows;
     }
 
     fakes::TempFolder folder;
-    fakes::MemoryRegistry registry;
-    platform::headless::Host host;
-    platform::headless::Dialogs dialogs;
-    platform::headless::Shell shell;
-    app::FormMain form{{host, platform::SystemFiles(), registry, dialogs, shell}};
+    app::FormMain onDisk{{host, platform::SystemFiles(), registry, dialogs, shell}};
 };
 
 TEST_F(RealTreesTest, ALinkIsWhatItLeadsToAndNoneBackUpIsEntered) {
     for (const char* name : {"far/f", "far/g", "2/to file", "2/to folder/f", "2/against file",
                              "1/against link", "1/s/f", "1/t/g"})
-        Put(name);
+        PutFile(name);
     const std::pair<const char*, const char*> links[] = {
         {"1/to file", "../far/f"},      {"1/to folder", "../far"},
         {"1/broken", "nowhere"},        {"1/broken both", "nowhere"},
@@ -71,7 +59,8 @@ TEST_F(RealTreesTest, ALinkIsWhatItLeadsToAndNoneBackUpIsEntered) {
 
 // What may be entered is looked into by the names of the other side.
 TEST_F(RealTreesTest, AFolderThatMayNotBeRead) {
-    for (const char* name : {"1/s/a", "2/s/a", "1/s/t/b", "2/s/t/b", "1/s/only", "2/z"}) Put(name);
+    for (const char* name : {"1/s/a", "2/s/a", "1/s/t/b", "2/s/t/b", "1/s/only", "2/z"})
+        PutFile(name);
     ASSERT_EQ(::chmod(folder.Path().c_str(), 0755), 0);
     const Texts asIfMissing{"11 s/a", "11 s/only", "11 s/t/b", "12 z"};
     const std::pair<::mode_t, Texts> cases[] = {
@@ -84,7 +73,7 @@ TEST_F(RealTreesTest, AFolderThatMayNotBeRead) {
         ASSERT_EQ(::chmod(folder.Path("2/s").c_str(), mode), 0);
         EXPECT_TRUE(fakes::HoldsForOrdinaryUser([&, &rows = rows] {
             EXPECT_EQ(Compared(), rows);
-            EXPECT_EQ(form.Comparison().Troubles().UnreadableCount, 1);
+            EXPECT_EQ(onDisk.Comparison().Troubles().UnreadableCount, 1);
         }));
     }
     ASSERT_EQ(::chmod(folder.Path("2/s").c_str(), 0755), 0);
