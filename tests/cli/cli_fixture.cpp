@@ -6,14 +6,6 @@ namespace cli {
 
 namespace fs = std::filesystem;
 
-namespace {
-
-std::string SlotFile(int slot) {
-    return "config/varnel/SOFTWARE/SystemInfoFolderCS1993/P" + std::to_string(slot) + "/default";
-}
-
-}  // namespace
-
 CliTest::CliTest() {
     MakeFolder("one");
     MakeFolder("two");
@@ -21,19 +13,18 @@ CliTest::CliTest() {
 
 void CliTest::File(const std::string& relative, const std::string& content,
                    std::int64_t time) const {
-    temp_.WriteFile(relative, content, {time + platform::kUnixOrigin, 0});
+    WriteFile(relative, content, {time + platform::kUnixOrigin, 0});
 }
 
 std::string CliTest::Content(const std::string& relative) const {
-    return temp_.Read(relative).value_or("(none)");
+    return Read(relative).value_or("(none)");
 }
 
 std::map<std::string, std::string> CliTest::Files(const std::string& relative) const {
     std::map<std::string, std::string> files;
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(Path(relative))) {
-        if (!entry.is_regular_file()) continue;
-        const std::string name = fs::path(entry).lexically_relative(Path(relative));
-        files[name] = Content(fs::path(relative) / name);
+        const std::string name = entry.path().lexically_relative(Path(relative));
+        if (entry.is_regular_file()) files[name] = Content(fs::path(relative) / name);
     }
     return files;
 }
@@ -45,23 +36,20 @@ void CliTest::MakeRows() const {
     File("two/sub/right.txt", "22");
     File("one/changed.txt", "1");
     File("two/changed.txt", "22", kNoon + kHour);
-    File("one/sub/turn.txt", "1", kNoon + kHour);
-    File("two/sub/turn.txt", "22");
-    File("one/same.txt", "1");
-    File("two/same.txt", "22");
+    File("one/same.jpg", "1");
+    File("two/same.jpg", "22");
 }
 
 Launch CliTest::Command(const Texts& arguments) const {
     Launch launch;
     launch.Arguments = arguments;
-    launch.Environment = {"XDG_CONFIG_HOME=" + Path("config"), "TZ=UTC0", "TERM=xterm"};
+    launch.Environment = {"XDG_CONFIG_HOME=" + Path("config"), "TZ=UTC0"};
     launch.WorkFolder = Path("");
     return launch;
 }
 
 Ended CliTest::Cli(const Launch& launch) const {
-    const Ended run = RunToEnd(launch);
-    EXPECT_FALSE(run.TimedOut);
+    const Ended run = Running(launch).Wait();
     EXPECT_EQ(run.Signal, 0) << run.Error;
     return run;
 }
@@ -88,19 +76,14 @@ void CliTest::ExpectRefusal(const std::string& arguments, int status) const {
     EXPECT_EQ(Lines(run.Error).size(), 1u) << arguments << run.Error;
 }
 
-std::string CliTest::Slot(int slot) const {
-    return Content(SlotFile(slot));
-}
-
-void CliTest::SetSlot(int slot, const std::string& value) const {
-    temp_.WriteFile(SlotFile(slot), value);
+std::string CliTest::SlotFile(int slot) {
+    return "config/varnel/SOFTWARE/SystemInfoFolderCS1993/P" + std::to_string(slot) + "/default";
 }
 
 void CliTest::OpenToAll() const {
     fs::permissions(Path(""), fs::perms(0777));
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(Path(""))) {
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(Path("")))
         if (entry.is_directory()) fs::permissions(entry.path(), fs::perms(0777));
-    }
 }
 
 }  // namespace cli

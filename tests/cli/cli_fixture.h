@@ -17,28 +17,25 @@ namespace cli {
 constexpr std::int64_t kNoon = 1710072000;  // 2024-03-10 12:00:00 UTC
 constexpr std::int64_t kHour = 3600;
 
-class CliTest : public testing::Test {
+class CliTest : public testing::Test, protected fakes::TempFolder {
   protected:
     CliTest();
 
     // Paths are relative to the temporary folder.
-    std::string Path(const std::string& relative) const { return temp_.Path(relative); }
     std::string One() const { return Path("one"); }
     std::string Two() const { return Path("two"); }
 
     // Missing folders above it are made. The time counts in seconds from 1970, UTC.
     void File(const std::string& relative, const std::string& content,
               std::int64_t time = kNoon) const;
-    void MakeFolder(const std::string& relative) const { temp_.MakeFolder(relative); }
     std::string Content(const std::string& relative) const;  // "(none)" when there is no file
-    bool Exists(const std::string& relative) const { return temp_.Exists(relative); }
 
     // The contents of all files below a folder, by their paths in it.
     std::map<std::string, std::string> Files(const std::string& relative) const;
 
     // Two new folders with a row of each kind: left.txt in Folder 1 only, sub/right.txt in Folder 2
-    // only, changed.txt newer in Folder 2, sub/turn.txt newer in Folder 1, and same.txt. Files hold
-    // "1" in Folder 1, "22" in Folder 2.
+    // only, changed.txt newer in Folder 2, and same.jpg. Files hold "1" in Folder 1, "22" in
+    // Folder 2.
     void MakeRows() const;
 
     Launch Command(const Texts& arguments) const;
@@ -46,23 +43,24 @@ class CliTest : public testing::Test {
     // Runs the program; arguments are separated by blanks.
     Ended Cli(const std::string& arguments) const { return Cli(Command(Words(arguments))); }
     Ended Cli(const Launch& launch) const;
+    // All that is shown on a terminal, and the status.
     Ended CliOnTerminal(const std::string& arguments, const std::string& typed = "") const;
 
     // Runs the program, which says this.
     void Expect(const std::string& arguments, int status, const std::string& output,
                 const std::string& error) const;
-    // Runs the program, which says nothing but why it does not do this.
+    // Runs the program, which says nothing but, in a line, why it does not do this.
     void ExpectRefusal(const std::string& arguments, int status) const;
 
     // The text kept in a slot of the history store, "(none)" where there is none.
-    std::string Slot(int slot) const;
-    void SetSlot(int slot, const std::string& value) const;
+    std::string Slot(int slot) const { return Content(SlotFile(slot)); }
+    void SetSlot(int slot, const std::string& value) const { File(SlotFile(slot), value); }
 
     // Lets a run as nobody work in the temporary folder.
     void OpenToAll() const;
 
   private:
-    fakes::TempFolder temp_;
+    static std::string SlotFile(int slot);
 };
 
 }  // namespace cli

@@ -1,7 +1,5 @@
 // The remembered pairs: which runs remember one, `history list` and `history clear`, and where the
 // store is.
-#include <filesystem>
-
 #include "cli/cli_fixture.h"
 
 namespace cli {
@@ -18,19 +16,16 @@ TEST_F(History, EveryCommandRemembersItsPairAndFilter) {
         {"export same --exclude=o one two report", "/o==========0"},
         {"sync --dry-run one two", "==========0"},  // a remembered filter is not taken up
     };
-    for (const auto& [arguments, value] : cases) {
-        std::filesystem::remove_all(Path("config"));
+    for (const auto& [arguments, filter] : cases) {
+        SetSlot(0, pair + "/txt==========-1");
         Cli(arguments + " --no-history");
-        EXPECT_FALSE(Exists("config")) << arguments;
-        SetSlot(0, pair + "/txt==========-1");  // known already: the same slot
+        EXPECT_EQ(Slot(0), pair + "/txt==========-1") << arguments;
         Cli(arguments);
-        EXPECT_EQ(Slot(0), pair + value) << arguments;
-        EXPECT_EQ(Slot(1), "(none)") << arguments;
+        EXPECT_EQ(Slot(0), pair + filter) << arguments;
     }
 }
 
 TEST_F(History, IsListedUpToTheFirstEmptySlotWithNamesEscaped) {
-    Expect("history list", 0, "", "");
     SetSlot(0, "/a\tb\nc\\d\re==========/b==========/jpg/bmp==========-1");
     SetSlot(1, "/c==========/d");
     SetSlot(3, "/a==========/b====================0");
@@ -38,39 +33,29 @@ TEST_F(History, IsListedUpToTheFirstEmptySlotWithNamesEscaped) {
 }
 
 TEST_F(History, ClearAsksOnATerminalAndNeedsYesElsewhere) {
-    for (const auto& [typed, status] : {std::pair{"n\n", 1}, {"\n", 1}, {"y\n", 0}}) {
-        SetSlot(0, "/a==========/b");
-        const Ended run = CliOnTerminal("history clear", typed);
-        EXPECT_NE(run.Terminal.find("This operation will delete all prifiles, Continue?"),
-                  std::string::npos)
-            << run.Terminal;
-        EXPECT_EQ(run.Status, status) << typed;
-        EXPECT_EQ(Slot(0), status == 0 ? "(none)" : "/a==========/b") << typed;
-    }
     SetSlot(0, "/a==========/b");
     Expect("history clear", 1, "", "varnel-cli: 'history clear' needs --yes here\n");
-    EXPECT_EQ(Slot(0), "/a==========/b");
-    for (int time = 0; time < 2; ++time) {
-        Expect("history clear --yes", 0, "", "");
-        EXPECT_EQ(Slot(0), "(none)");
+    for (const auto& [typed, status] : {std::pair{"\n", 1}, {"yes\n", 0}}) {
+        EXPECT_EQ(Slot(0), "/a==========/b");
+        const Ended run = CliOnTerminal("history clear", typed);
+        EXPECT_NE(run.Terminal.find("This operation will delete all prifiles, Continue? [y/N] "),
+                  std::string::npos);
+        EXPECT_EQ(run.Status, status) << typed;
     }
+    EXPECT_EQ(Slot(0), "(none)");
+    SetSlot(0, "/a==========/b");
+    Expect("history clear --yes", 0, "", "");
+    EXPECT_EQ(Slot(0), "(none)");
 }
 
 TEST_F(History, IsKeptBelowHomeWhereNoConfigurationFolderIsNamed) {
-    const std::pair<Texts, std::string> cases[] = {
-        {{"HOME=" + Path("home1")}, "home1/.config"},
-        {{"HOME=" + Path("home2"), "XDG_CONFIG_HOME="}, "home2/.config"},
-        {{"HOME=" + Path("home3"), "XDG_CONFIG_HOME=" + Path("own/deep")}, "own/deep"},
-        {{}, "one/.."}};  // who has no home remembers nothing
-    OpenToAll();
-    Launch launch = Command(Words("compare one two"));
-    launch.AsNobody = true;  // who may write nowhere else
-    for (const auto& [environment, where] : cases) {
-        launch.Environment = environment;
-        EXPECT_EQ(Cli(launch).Status, 0);
-        EXPECT_EQ(Exists(where + "/varnel/SOFTWARE/SystemInfoFolderCS1993/P0/default"),
-                  !environment.empty())
-            << where;
+    File("home/.config/varnel/SOFTWARE/SystemInfoFolderCS1993/P0/default", "/a==========/b");
+    Launch launch = Command({"history", "list"});
+    for (const std::string& home : {"HOME=" + Path("home"), std::string("HOME")}) {
+        launch.Environment = {home, "XDG_CONFIG_HOME="};
+        const Ended run = Cli(launch);
+        EXPECT_EQ(run.Output, home == "HOME" ? "" : "0\t/a\t/b\t\t0\n");
+        EXPECT_EQ(run.Status, 0) << home;
     }
 }
 

@@ -16,18 +16,14 @@ namespace cli {
 enum class Sink {
     File,      // kept; as input it is empty
     Terminal,  // the run's terminal
-    Closed,    // not open at all
-    Full,      // a device without space
 };
 
 struct Launch {
     std::vector<std::string> Arguments;
-    std::vector<std::string> Environment;  // NAME=value, all of it but the sanitizers' settings
+    std::vector<std::string> Environment;  // on top of ours: NAME=value; NAME alone takes it out
     std::string WorkFolder;
     std::string Typed;  // what is typed on the terminal
-    Sink Input = Sink::File;
-    Sink Output = Sink::File;
-    Sink Error = Sink::File;
+    Sink Input = Sink::File, Output = Sink::File, Error = Sink::File;
     bool AsNobody = false;        // gives up root's rights; without effect for other users
     std::function<void()> First;  // what the new process does before it becomes the program
 };
@@ -35,7 +31,6 @@ struct Launch {
 struct Ended {
     int Status = -1;  // the exit status; -1 when a signal ended it
     int Signal = 0;
-    bool TimedOut = false;
     std::string Output;
     std::string Error;
     std::string Terminal;  // every byte that went to the terminal
@@ -48,15 +43,12 @@ class Running {
     Ended Wait();
 
   private:
-    [[noreturn]] void Become(const Launch& launch, int program) const;  // in the new process
+    // In the new process.
+    [[noreturn]] void Become(const Launch& launch, int program, int terminal) const;
 
     pid_t pid_ = -1;
     platform::posix::Descriptor streams_[3];
     platform::posix::Descriptor terminal_;
 };
-
-inline Ended RunToEnd(const Launch& launch) {
-    return Running(launch).Wait();
-}
 
 }  // namespace cli

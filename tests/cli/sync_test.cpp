@@ -4,27 +4,7 @@
 namespace cli {
 namespace {
 
-const std::string kUntouched = "1- -2 12 12 12 ";
-
-class Sync : public CliTest {
-  protected:
-    // Which side's content left, right, changed, turn and same have in Folder 1 and in Folder 2.
-    std::string Sides() const {
-        std::string sides;
-        for (const std::string name :
-             {"left.txt", "sub/right.txt", "changed.txt", "sub/turn.txt", "same.txt"}) {
-            for (const std::string folder : {"one/", "two/"})
-                sides += Exists(folder + name) ? Content(folder + name)[0] : '-';
-            sides += ' ';
-        }
-        return sides;
-    }
-};
-
-std::string Completed(const std::string& what, int succeeded) {
-    return "Synchronization" + what + " completed.\n\nSucceed:   " + std::to_string(succeeded) +
-           "  Files.\n";
-}
+using Sync = CliTest;
 
 std::string Json(const std::string& mode, int total, const std::string& message) {
     return R"({"summary": {"mode": ")" + mode + R"(", "total": )" + std::to_string(total) +
@@ -34,78 +14,73 @@ std::string Json(const std::string& mode, int total, const std::string& message)
 TEST_F(Sync, WorksOnTheRowsOfModeViewAndDirection) {
     const std::string left = "--> OK -->    left.txt\n", right = "<-- OK <--    sub/right.txt\n",
                       changed = "<-- OK <--    changed.txt\n",
-                      turn = "--> OK -->    sub/turn.txt\n";
-    const std::string all = "11 22 22 11 12 ",
-                      allDone = Completed("  'New and Modified Files' ", 4),
-                      twoDone = "Synchronization completed.      \\r\\n\\r\\nSucceed:   2  Files.";
-    const struct {
-        std::string Options, Sides, Output, Error;
-    } cases[] = {
-        {"", all, left + right + changed + turn, allDone},
-        {"--mode double --view newchg -q", all, "", allDone},
-        {"--mode left", "11 -2 12 11 12 ", left + turn, Completed("", 2)},
-        {"--mode=right", "1- 22 22 12 12 ", right + changed, Completed("", 2)},
-        {"--view new", "11 22 12 12 12 ", left + right, Completed("  'New Files' ", 2)},
-        {"--view chg", "1- -2 22 11 12 ", changed + turn, Completed("  'Modified Files' ", 2)},
-        {"--view same", kUntouched, "", "No new / modified file need to be synchronized.\n"},
-        {"--view same --direction same.txt=left", "1- -2 12 12 22 ", "<-- OK <--    same.txt\n",
-         Completed("  'Same Files' ", 1)},
-        {"--direction changed.txt=right --direction=sub/turn.txt=none "
-         "--direction sub/right.txt=none",
-         "11 -2 11 12 12 ", left + "--> OK -->    changed.txt\n",
-         Completed("  'New and Modified Files' ", 2)},
-        {"--only=nosuch", kUntouched, "", ""},
-        {"--dry-run --view=new", kUntouched,
-         "Copy -->      left.txt\n<-- Copy      sub/right.txt\n", ""},
-        {"--dry-run --mode=right --direction=changed.txt=none", kUntouched,
-         "<-- Copy      sub/right.txt\n", ""},
-        {"-q --format=json", all,
-         Json("All", 4,
-              "Synchronization  'New and Modified Files'  completed.      "
-              "\\r\\n\\r\\nSucceed:   4  Files."),
-         ""},
-        {"-q --format=json --mode=left", "11 -2 12 11 12 ", Json("Left_to_Right", 2, twoDone), ""},
-        {"-q --format=json --mode=right", "1- 22 22 12 12 ", Json("Right_to_Left", 2, twoDone), ""},
-        {"-q --format=json --dry-run", kUntouched, Json("All", 4, ""), ""},
+                      done = "Synchronization completed.      \\r\\n\\r\\nSucceed:   ";
+    const std::pair<std::string, std::string> cases[] = {
+        {"", left + right + changed},
+        {"--mode double --view newchg -q", ""},
+        {"--view new", left + right},
+        {"--view chg", changed},
+        {"--view same --direction same.jpg=left", "<-- OK <--    same.jpg\n"},
+        {"-q --format=json --dry-run", Json("All", 3, "")},
+        {"-q --format=json --mode=left", Json("Left_to_Right", 1, done + "1  Files.")},
+        {"-q --format=json --mode=right", Json("Right_to_Left", 2, done + "2  Files.")},
+        {"--dry-run --mode=right --direction=changed.txt=none", "<-- Copy      sub/right.txt\n"},
+        {"--direction changed.txt=right --direction=sub/right.txt=none",
+         left + "--> OK -->    changed.txt\n"},
     };
-    for (const auto& [options, sides, output, error] : cases) {
+    for (const auto& [options, output] : cases) {
         MakeRows();
-        Expect("sync one two " + options, 0, output, error);
-        EXPECT_EQ(Sides(), sides) << options;
+        const Ended run = Cli("sync one two " + options);
+        EXPECT_EQ(run.Output, output) << options;
+        EXPECT_EQ(run.Status, 0) << options;
     }
+    EXPECT_EQ(Content("two/left.txt") + Content("two/changed.txt"), "11");
+    EXPECT_EQ(Files("one").size(), 3u) << "sub/right.txt was not to be copied";
+    Expect("sync one two --view=same", 0, "", "No new / modified file need to be synchronized.\n");
 }
 
-TEST_F(Sync, ADirectionThatCannotBeGivenCopiesAndRemembersNothing) {
+TEST_F(Sync, ADirectionThatCannotBeGivenOrADryRunChangesNothing) {
     MakeRows();
-    for (const char* options : {
-             "--direction=missing.txt=right",
-             "--direction=same.txt=right",  // a row of another view
+    const auto before = Files("");
+    for (const std::string options : {
+             "--direction=missing.txt=right --dry-run",
+             "--direction=same.jpg=right",  // a row of another view
              "--direction=left.txt=none --direction=right.txt=left",
              "--direction=left.txt=left",  // what the panel does not offer
-             "--dry-run --direction=missing.txt=right",
-         }) {
-        ExpectRefusal("sync one two " + std::string(options), 2);
-        EXPECT_EQ(Sides(), kUntouched) << options;
-        EXPECT_FALSE(Exists("config")) << options;
-    }
+         })
+        ExpectRefusal("sync one two " + options, 2);
+    EXPECT_EQ(Cli("sync --dry-run --no-history one two").Status, 0);
+    EXPECT_EQ(Files(""), before);
 }
 
-TEST_F(Sync, RowsHoldBothSidesAsTheyAreAfterwards) {
+TEST_F(Sync, RowsHoldBothSidesAsTheyAreAndAfterwardsAsTheyBecame) {
+    File("one/sub/a=b", "1", kNoon + kHour);
     File("two/sub/a=b", "22");
-    EXPECT_EQ(Lines(Cli("sync --format=tsv --direction sub/a=b=left one two").Output).at(1),
-              "12\t<-- OK <--\t" + One() + "/sub/a=b\t2024/03/10 12:00:00\t2\t" + Two() +
-                  "/sub/a=b\t2024/03/10 12:00:00\t2");
+    const std::string one = One() + "/sub/a=b", two = Two() + "/sub/a=b",
+                      header = "code\tdirection\tpath1\tdate1\tsize1\tpath2\tdate2\tsize2\n";
+    EXPECT_EQ(Lines(Cli("compare --format=json one two").Output).at(0),
+              R"({"code": 21, "direction": "Replace -->", "path1": ")" + one +
+                  R"(", "date1": "2024/03/10 13:00:00", "size1": "1", "path2": ")" + two +
+                  R"(", "date2": "2024/03/10 12:00:00", "size2": "2"})");
+    EXPECT_EQ(Cli("compare --format=tsv one two").Output, header + "21\tReplace -->\t" + one +
+                                                              "\t2024/03/10 13:00:00\t1\t" + two +
+                                                              "\t2024/03/10 12:00:00\t2\n");
+    EXPECT_EQ(Cli("sync --format=tsv --direction sub/a=b=left one two").Output,
+              header + "22\t<-- OK <--\t" + one + "\t2024/03/10 12:00:00\t2\t" + two +
+                  "\t2024/03/10 12:00:00\t2\n");
 }
 
+// The comparison regards case and takes A.TXT, the copy does not and refuses it.
 TEST_F(Sync, FailedRowsAreMarkedCountedAndGiveStatusOne) {
-    File("one/blocked", "1");
-    File("one/sub/a good one", "1");
-    MakeFolder("two/blocked");  // no file can stand where a folder is
-    Expect("sync one two", 1, "--> Fail -->  blocked\n--> OK -->    sub/a good one\n",
-           Completed("  'New and Modified Files' ", 1) + "Fail:   1  Files.\n");
-    const Texts lines = Lines(Cli("sync --format=json one two").Output);
-    EXPECT_TRUE(lines.at(0).starts_with(R"({"code": 31, "direction": "--> Fail -->", )"));
-    EXPECT_NE(lines.at(1).find(R"("total": 1, "failed": 1, "stopped": false)"), std::string::npos);
+    for (const std::string name : {"A.TXT", "sub/a.doc", "sub/sub/a.jpg", "sub/a.txt"})
+        File("one/" + name, "");
+    Expect("sync --exclude=.txt,,*.jpg one two", 1,
+           "--> Fail -->  A.TXT\n--> OK -->    sub/a.doc\n",
+           "Synchronization  'New and Modified Files'  completed.\n\n"
+           "Succeed:   1  Files.\nFail:   1  Files.\n");
+    const std::string failed = Cli("sync --exclude txt,jpg --format=json one two").Output;
+    EXPECT_TRUE(failed.starts_with(R"({"code": 31, "direction": "--> Fail -->", )"));
+    EXPECT_NE(failed.find(R"("total": 1, "failed": 1, )"), std::string::npos);
 }
 
 }  // namespace
