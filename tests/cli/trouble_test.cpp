@@ -31,11 +31,11 @@ TEST_F(Trouble, UnreadableFoldersAreNamedUpToTwentyAndTheRunGoesOn) {
 
 TEST_F(Trouble, OutputThatCannotBeWrittenIsStatusTwoAndStopsNoSync) {
     void (*const spoilOutput[])() = {
-        [] { ::close(STDOUT_FILENO); },
         [] { ::dup2(::open("/dev/full", O_WRONLY), STDOUT_FILENO); },
+        [] { ::close_range(STDIN_FILENO, STDERR_FILENO, 0); },  // files get these numbers
     };
     for (const char* arguments : {"compare -q --format=json one two", "sync --dry-run one two",
-                                  "history list", "--help", "sync -q --format=json one two"}) {
+                                  "history list", "--help", "sync one two"}) {
         for (const auto& spoil : spoilOutput) {
             MakeRows();
             Launch launch = Command(Words(arguments));
@@ -43,7 +43,11 @@ TEST_F(Trouble, OutputThatCannotBeWrittenIsStatusTwoAndStopsNoSync) {
             EXPECT_EQ(Cli(launch).Status, 2) << arguments;
         }
     }
-    EXPECT_EQ(Content("one/changed.txt"), "22");
+    using Contents = std::map<std::string, std::string>;
+    EXPECT_EQ(
+        Files("one"),
+        (Contents{
+            {"changed.txt", "22"}, {"left.txt", "1"}, {"same.jpg", "1"}, {"sub/right.txt", "22"}}));
     EXPECT_EQ(Slot(0), One() + "==========" + Two() + "====================0");
 }
 
