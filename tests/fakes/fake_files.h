@@ -24,8 +24,8 @@ class FakeFiles : public platform::FileSystem {
 
     // Missing folders above are made; an existing file gets the new time and size.
     void AddFile(std::string_view name, platform::FileTime time, std::int64_t size);
-    void AddFolder(std::string_view name);
-    void Remove(std::string_view name);  // if it is there
+    void AddFolder(std::string_view name) { Make(name); }
+    void Remove(std::string_view name);  // a file, if it is there
     platform::FileStatus StatusOf(std::string_view name) const;
 
     // Listings carry times and sizes, as on some systems.
@@ -49,24 +49,18 @@ class FakeFiles : public platform::FileSystem {
     platform::Outcome CopyOver(const std::string& from, const std::string& to,
                                const std::function<void()>& whileCopying) override;
     platform::Outcome RemoveFile(const std::string& path) override;
-    void RemoveLeftover(const std::string& path) override;
+    void RemoveLeftover(const std::string& path) override { RemoveFile(path); }
 
   private:
     struct Node {
-        bool IsFolder = true;
-        std::uint64_t Index = 0;
-        platform::FileStatus Status;
-        std::vector<std::string> Entries;  // their last names, in order
+        platform::FileStatus Status;       // of a file only
+        std::vector<std::string> Entries;  // of a folder: their last names, in order
     };
     class OpenedFolder;
 
-    const Node* Find(std::string_view name) const;
-    Node& MakeFolders(std::string_view name);
-    std::unique_ptr<platform::Folder> Open(const std::string& name, platform::Outcome& outcome);
-    platform::FileStatus CountedLook(const std::string& name);
+    Node& Make(std::string_view name);
 
     std::map<std::string, Node, std::less<>> nodes_;  // by whole name, "1/sub"
-    std::uint64_t nextIndex_ = 0;
 };
 
 }  // namespace fakes

@@ -1,6 +1,7 @@
 // Rows of a comparison, made and shown in one line each.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -26,10 +27,8 @@ inline compare::CompareItem Item(const compare::FolderPair& folder, const char* 
 inline std::vector<std::string> Rows(const compare::ItemList& list) {
     std::vector<std::string> rows;
     for (const compare::CompareItem& item : list) {
-        std::string path = item.RelativePath();
-        for (char& c : path)
-            if (c == platform::Separator) c = '/';
-        rows.push_back(std::to_string(item.Code) + ' ' + path);
+        std::string& row = rows.emplace_back(std::to_string(item.Code) + ' ' + item.RelativePath());
+        std::replace(row.begin(), row.end(), platform::Separator, '/');
     }
     return rows;
 }

@@ -1,7 +1,6 @@
 // A registry in memory.
 #pragma once
 
-#include <algorithm>
 #include <map>
 #include <string>
 
@@ -14,8 +13,7 @@ class MemoryRegistry : public platform::Registry {
     std::map<std::string, std::string> Values;  // every key that exists, with its value
 
     std::string ReadDefault(const std::string& key) override {
-        const auto found = Values.find(key);
-        return found == Values.end() ? std::string() : found->second;
+        return Values.contains(key) ? Values.at(key) : std::string();
     }
 
     void CreateKey(const std::string& key) override {
@@ -26,15 +24,12 @@ class MemoryRegistry : public platform::Registry {
     }
 
     void WriteDefault(const std::string& key, const std::string& value) override {
-        const auto found = Values.find(key);
-        if (found != Values.end()) found->second = value;
+        if (Values.contains(key)) Values[key] = value;
     }
 
     void DeleteKey(const std::string& key) override {
-        const bool hasSubkeys = std::any_of(Values.begin(), Values.end(), [&](const auto& entry) {
-            return entry.first.starts_with(key + '\\');
-        });
-        if (!hasSubkeys) Values.erase(key);
+        const auto below = Values.lower_bound(key + '\\');
+        if (below == Values.end() || !below->first.starts_with(key + '\\')) Values.erase(key);
     }
 };
 

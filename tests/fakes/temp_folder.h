@@ -4,6 +4,7 @@
 // paths may be of any length. What a test cannot prepare is thrown as an exception.
 #pragma once
 
+#include <fstream>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,10 +27,13 @@ class TempFolder {
     // Missing folders above are made; an existing file is overwritten.
     void WriteFile(std::string_view relative, std::string_view content) const;
     void WriteFile(std::string_view relative, std::string_view content,
-                   platform::FileTime time) const;
+                   platform::FileTime time) const {
+        WriteFile(relative, content);
+        SetTime(relative, time);
+    }
     void MakeFolder(std::string_view relative) const;
 
-    // The modification time of a file or a folder.
+    // The modification time of a file.
     void SetTime(std::string_view relative, platform::FileTime time) const;
 
     // Marks a file read-only, or writable again.
@@ -40,13 +44,15 @@ class TempFolder {
     // A file's bytes; nothing when it is missing or a folder.
     std::optional<std::string> Read(std::string_view relative) const;
 
-    // A file, a folder or a link, broken or not.
+    // A file, a folder or a link to one.
     bool Exists(std::string_view relative) const;
 
     // What stands in a folder, sorted.
     std::vector<std::string> Names(std::string_view relative = {}) const;
 
   private:
+    std::fstream Open(std::string_view relative, std::ios::openmode mode) const;
+
     std::string root_;
 };
 

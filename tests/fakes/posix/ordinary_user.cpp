@@ -9,27 +9,20 @@
 
 namespace fakes {
 
-int StatusOfChild(const std::function<void()>& check) {
+bool HoldsForOrdinaryUser(const std::function<void()>& check) {
+    constexpr uid_t kNobody = 65534;
     std::fflush(nullptr);
     const pid_t child = ::fork();
     if (child == 0) {
+        EXPECT_TRUE(::geteuid() != 0 || (::setgroups(0, nullptr) == 0 && ::setgid(kNobody) == 0 &&
+                                         ::setuid(kNobody) == 0));
         check();
         std::fflush(nullptr);
         ::_exit(testing::Test::HasFailure() ? 1 : 0);
     }
-    int status = 0;
-    const bool ended = child > 0 && ::waitpid(child, &status, 0) == child && WIFEXITED(status);
-    return ended ? WEXITSTATUS(status) : 1;
-}
-
-bool HoldsForOrdinaryUser(const std::function<void()>& check) {
-    constexpr uid_t kNobody = 65534;
-    return StatusOfChild([&] {
-               EXPECT_TRUE(::geteuid() != 0 ||
-                           (::setgroups(0, nullptr) == 0 && ::setgid(kNobody) == 0 &&
-                            ::setuid(kNobody) == 0));
-               check();
-           }) == 0;
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    return status == 0;
 }
 
 }  // namespace fakes

@@ -4,14 +4,7 @@
 
 namespace fakes {
 
-struct OwnRegistry::Place {};
-
-OwnRegistry::OwnRegistry() {
-    static int count = 0;
-    root_ = "SOFTWARE\\VarnelTest" + std::to_string(::GetCurrentProcessId()) + "n" +
-            std::to_string(++count);
-    store_ = platform::OpenSystemRegistry();
-}
+OwnRegistry::OwnRegistry() : all_(platform::OpenSystemRegistry()) {}
 
 OwnRegistry::~OwnRegistry() {
     ::RegDeleteTreeA(HKEY_LOCAL_MACHINE, root_.c_str());

@@ -1,6 +1,3 @@
-#include <string>
-#include <utility>
-
 #include <gtest/gtest.h>
 
 #include "platform/win32/text_conversion.h"
