@@ -31,7 +31,9 @@ TEST_F(Compare, ViewsChooseTheRowsAndQuietLeavesTheSummary) {
 TEST_F(Compare, NamesAreWrittenAsTheFormatAndATerminalNeedIt) {
     const std::string letters =
         "sub/ ~\xc2\xa0\xe0\xa0\x80\xe2\x80\xaf\xed\x9f\xbf\xf0\x90\x80\x80\xf4\x8f\xbf\xbf";
-    const std::string steering = "\x1b\x7f\xc2\x9f\xd8\x9c\xe2\x80\x8f\xe2\x80\xa8\xe2\x81\xa9";
+    const std::string steering =
+        "\x1b\x7f\xc2\x80\xc2\x9f\xd8\x9c\xe2\x80\x8e\xe2\x80\x8f"
+        "\xe2\x80\xa8\xe2\x80\xae\xe2\x81\xa6\xe2\x81\xa9";
     const std::string broken =
         "\xff\xc1\xbf\xe0\x9f\xbf\xed\xb3\xbf\xf0\x8f\xbf\xbf\xf4\x90\x80\x80\xe2\x82";
     const auto escaped = [](const char* start, const std::string& bytes) {
@@ -50,7 +52,8 @@ TEST_F(Compare, NamesAreWrittenAsTheFormatAndATerminalNeedIt) {
         {"tsv", Sink::File, "\\n\\t\\r\\\\\"" + rest + "\t"},
         {"tsv", Sink::Terminal, "\\n\\t\\r\\\\\"" + shown + "\t"},
         {"json", Sink::File,
-         "\\n\\t\\r\\\\\\\"\\u001b\\u007f\\u009f\\u061c\\u200f\\u2028\\u2069" +
+         "\\n\\t\\r\\\\\\\"\\u001b\\u007f\\u0080\\u009f"
+         "\\u061c\\u200e\\u200f\\u2028\\u202e\\u2066\\u2069" +
              escaped("\\udc", broken) + '"'},
     };
     MakeFolder("2 ");  // a blank that belongs to the name
