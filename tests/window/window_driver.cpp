@@ -124,7 +124,9 @@ Seen Form::Look(std::string_view name) const {
     seen.Value = std::atoi(Said("value"));
     std::sscanf(Said("area"), "%ld,%ld,%ld,%ld", &area.left, &area.top, &area.right, &area.bottom);
     seen.Window = reinterpret_cast<HWND>(std::strtoll(Said("window"), nullptr, 10));
-    seen.Text = seen.Window ? TextOf(seen.Window) : Said("text");
+    seen.Text = Said("text");
+    if (seen.Window && TextOf(seen.Window) != seen.Text)
+        seen.Text += ", shown as " + TextOf(seen.Window);
     return seen;
 }
 

@@ -43,7 +43,7 @@ struct Seen {
     int Value = 0;          // checked, scroll value, selected entry, or a menu entry's command
     RECT Area{};            // in pixels of the screen
     HWND Window = nullptr;  // none for what its container paints
-    std::string Text;       // of a control with a window what that shows
+    std::string Text;       // with what its window shows where that is something else
 };
 
 // One of the program's windows with controls of fixed names.
