@@ -2,7 +2,6 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
-#include <regex>
 #include <set>
 #include <string>
 #include <vector>
@@ -45,8 +44,12 @@ const std::pair<const char*, const char*> kPrivileges[] = {
     {"\"(sync|grid)/", "app/|sync/|grid/|rules/|reports/"},
 };
 
+bool Contains(const std::string& text, const std::string& pattern) {
+    return testing::Matcher<std::string>(testing::ContainsRegex(pattern)).Matches(text);
+}
+
 bool Starts(const std::string& path, const std::string& pattern) {
-    return std::regex_search(path, std::regex(pattern), std::regex_constants::match_continuous);
+    return Contains(path, "^(" + pattern + ")");
 }
 
 int FloorOf(const std::string& path) {
@@ -114,7 +117,7 @@ TEST(Architecture, WhatIsOfOneSystemOrOneRoomStandsInItsPlace) {
     for (const auto& [what, files] : kPrivileges)
         for (const auto& [path, source] : kSources)
             for (const std::string& directive : source.Directives)
-                EXPECT_TRUE(Starts(path, files) || !std::regex_search(directive, std::regex(what)))
+                EXPECT_TRUE(Starts(path, files) || !Contains(directive, what))
                     << path << ": " << directive;
 }
 
