@@ -72,9 +72,6 @@ void ScannedTree::List(ScannedFolder& folder) {
     folder.Subfolders.reserve(entries.size() - static_cast<std::size_t>(fileCount));
     for (std::size_t i = 0; i < entries.size(); ++i)
         AddEntry(folder, entries[i], listing_.Statuses.empty() ? nullptr : &listing_.Statuses[i]);
-    // Nothing will be opened from here. What the system keeps of a listing is freed sooner, while
-    // it is in the processor's caches.
-    if (folder.Parent && folder.Subfolders.empty()) folder.Opened.reset();
 }
 
 // The second walk, as a rule, has one file to look for in a folder, and a folder may hold but one.

@@ -128,6 +128,17 @@ TEST_F(ComparisonTest, EachFolderIsListedAndEachFileLookedAtOnceAtMost) {
     EXPECT_TRUE(files.Looks.empty());
 }
 
+// Folders stay open, are closed for others and are opened again; a file is never missed by that.
+TEST_F(ComparisonTest, EveryFileIsFoundHoweverManyFoldersThereAre) {
+    for (int folders = 0; folders < 110; ++folders) {
+        for (const char file : std::string("abcdefghi"))
+            PutBoth("d" + std::to_string(folders) + "/" + file);
+        if (folders < 60) continue;
+        form.Command3.Click();
+        EXPECT_EQ(form.Table.NewChgCount(), 0) << folders;
+    }
+}
+
 // A dropped file leaves the countdown above zero. The search for the extension goes beyond the name
 // where the name is short, in the found file's path alone.
 TEST_F(ComparisonTest, TheFilterDropsFoundFilesByTheirPaths) {
