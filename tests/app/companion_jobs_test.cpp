@@ -1,7 +1,5 @@
 #include "app/companion_jobs.h"
 
-#include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -15,76 +13,46 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-const std::string kSlash(1, platform::Separator);
-const std::string kBackup = "/dst" + kSlash + "Backup_";
-
 // A line of the job file.
-std::string Job(const std::string& source, const std::string& destination,
-                const std::string& name = "job", const std::string& kind = "9") {
+std::string Job(const std::string& source, const std::string& destination, const std::string& name,
+                const std::string& kind) {
     return source + ',' + destination + std::string(11, ',') + name + std::string(10, ',') + kind;
 }
 
-class CompanionJobsTest : public testing::Test {
-  protected:
-    // The pairs that the boxes list after the import of the job file.
-    Texts Imported() {
-        ImportCompanionJobs(platform::SystemFiles(), folder.Path(), combo1, combo2);
-        Texts pairs;
-        for (std::size_t i = 0; i < combo1.Entries().size(); ++i)
-            pairs.push_back(combo1.Entries()[i] + "|" + combo2.Entries().at(i));
-        return pairs;
-    }
-
-    fakes::TempFolder folder;
-    platform::ComboBox combo1;
-    platform::ComboBox combo2;
-};
-
-TEST_F(CompanionJobsTest, ALineIsAPairOrIsSkipped) {
-    const std::pair<std::string, std::string> cases[] = {
-        {Job("/src", "/dst"), "/src|/dst"},
-        {Job("/src", "/dst", "job", "1"), "/src|" + kBackup + "job"},
-        {Job("/src", "/dst" + kSlash, " j ", ""), "/src|" + kBackup + " j "},
-        {Job("*.*/s*.*rc/*.*", "/dst*.*", "", " 9.0 "), "/src/|/dst*.*"},
-        {Job("/src", "/dst", "job", "9 lives"), "/src|" + kBackup + "job"},
-        {"  " + Job("/src", "/dst") + ",more,fields  ", "/src|/dst"},
-        {"/src,/dst" + std::string(20, ','), ""},  // a field is missing
-        {Job("*.*", "/dst"), ""},
-        {Job("/src", "", "job", "1"), ""},
-        {Job(std::string("/s\0rc", 5), "/dst"), ""},
-        {Job("/src", "/dst") + "," + std::string(70'000, 'x'), ""},
+TEST(CompanionJobs, EachGoodLineIsOfferedOnceAndAnyOtherSkipped) {
+    const std::string slash(1, platform::Separator);
+    const std::pair<std::string, std::string> lines[] = {
+        {Job("/listed", "/before", "j", "9"), ""},
+        {Job("/a", "/dst", "j", "9"), "/a|/dst"},
+        {Job("/a", "/dst", "", "9") + ",more,fields", ""},  // the same pair again
+        {Job("/b", "/dst", "j", "1"), "/b|/dst" + slash + "Backup_j"},
+        {Job("/c", "/dst" + slash, " j ", ""), "/c|/dst" + slash + "Backup_ j "},
+        {"  " + Job("*.*/d*.*d/*.*", "/dst*.*", "j", " 9.0 ") + "  ", "/dd/|/dst*.*"},
+        {Job("/e", "/dst", "j", "9 lives"), "/e|/dst" + slash + "Backup_j"},
+        {"/f,/dst" + std::string(20, ','), ""},  // a field is missing
+        {Job("*.*", "/dst", "j", "9"), ""},
+        {Job("/g", "", "j", "1"), ""},
+        {Job(std::string("/h\0h", 4), "/dst", "j", "9"), ""},
+        {Job("/i", "/dst", "j", "9,") + std::string(70'000, 'x'), ""},
+        {std::string(100'000'000, '\0'), ""},
+        {Job("/j", "/dst", "j", "9"), "/j|/dst"},
     };
-    for (const auto& [line, pair] : cases) {
-        SCOPED_TRACE(line.substr(0, 100));
-        combo1.ClearEntries();
-        combo2.ClearEntries();
-        folder.WriteFile("Q7DB.qdb", line + "\n" + Job("/good", "/pair") + "\r\n" + line);
-        EXPECT_EQ(Imported(), pair.empty() ? Texts{"/good|/pair"} : (Texts{pair, "/good|/pair"}));
-    }
-}
-
-TEST_F(CompanionJobsTest, PairsAreListedOnceInTheirOrderAndAnEndlessLineIsSkipped) {
-    combo1.AddEntry("/a");
-    combo2.AddEntry("/1");
-    folder.WriteFile("Q7DB.qdb", "\r\n" + Job("/a", "/1") + "\r\n" + Job("/a", "/2") + "\n\n  \n" +
-                                     Job("/a/*.*", "/1") + '\n');
-    const std::filesystem::path file = folder.Path("Q7DB.qdb");
-    std::filesystem::resize_file(file, 100'000'000);  // NUL bytes
-    std::ofstream(file, std::ios::app | std::ios::binary)
-        << '\n' + Job("/a", "/2") + '\n' + Job("/good", "/pair");
-    EXPECT_EQ(Imported(), (Texts{"/a|/1", "/a|/2", "/a/|/1", "/good|/pair"}));
-}
-
-TEST_F(CompanionJobsTest, ALineIsWholeWhereverTheReadBlocksEnd) {
     std::string content;
-    Texts expected;
-    for (int i = 0; i < 5000; ++i) {
-        expected.push_back("/source/" + std::to_string(i) + std::string(i % 97, '-'));
-        content += Job(expected.back(), "/dst") + "\r\n";
+    Texts expected{"/listed|/before"};
+    for (const auto& [line, pair] : lines) {
+        content += "\r\n" + line;
+        if (!pair.empty()) expected.push_back(pair);
     }
+    const fakes::TempFolder folder;
     folder.WriteFile("Q7DB.qdb", content);
-    Imported();
-    EXPECT_EQ(combo1.Entries(), expected);
+    platform::ComboBox combo1, combo2;
+    combo1.AddEntry("/listed");
+    combo2.AddEntry("/before");
+    ImportCompanionJobs(platform::SystemFiles(), folder.Path(), combo1, combo2);
+    Texts pairs;
+    for (std::size_t i = 0; i < combo1.Entries().size(); ++i)
+        pairs.push_back(combo1.Entries()[i] + "|" + combo2.Entries().at(i));
+    EXPECT_EQ(pairs, expected);
 }
 
 }  // namespace
