@@ -2,7 +2,6 @@
 // pixels.
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include <windows.h>
@@ -11,25 +10,17 @@ namespace window {
 
 COLORREF ColorAt(POINT point);  // 0x00BBGGRR
 
-// A part of the screen as a BMP file.
-std::string PictureOf(const RECT& area);
-
-POINT MiddleOf(const RECT& area);
-
-void MovePointer(POINT to);
+// `event` (MOUSEEVENTF_...) happens where the pointer comes to; `data` is that of the event.
+void MovePointer(POINT to, DWORD event = 0, int data = 0);
 void NudgePointer();  // reports anew where it stands
-void ParkPointer();   // in the corner of the screen, where no window is
-void PressButtonAt(POINT point);
-void ReleaseButtonAt(POINT point);
 void ClickAt(POINT point);
-void RollWheelAt(POINT point, int notches);  // positive: towards the user, which scrolls down
 
 // One key (VK_...). It goes to the window in front. Another one may be held down meanwhile, unless
 // the pointer or the keyboard has just come to another window: the screen tells that window which
 // keys are down on its own keyboard - none - and that releases the held one.
-void PressKey(WORD key, WORD held = 0);
+void PressKey(BYTE key, BYTE held = 0);
 
 // What keys give, each as a character: no Shift is held, which could be released too early.
-void TypeKeys(std::string_view characters);
+void TypeKeys(std::string_view characters);  // of ASCII
 
 }  // namespace window

@@ -1,11 +1,10 @@
 #include "window/window_driver.h"
 
 #include <cstdio>
-#include <cstdlib>
-#include <exception>
-#include <fstream>
 #include <iterator>
 #include <stdexcept>
+
+#include <process.h>
 
 #include "platform/win32/control_inspection.h"
 #include "platform/win32/text_conversion.h"
@@ -16,20 +15,13 @@ namespace {
 
 using platform::win32::Wide;
 
+constexpr unsigned kLimit = 20000;        // ms
 constexpr DWORD kPause = 3;               // ms between two looks
-constexpr unsigned kBetweenNudges = 800;  // ms; a tooltip needs half a second of rest
+constexpr int kLooksBetweenNudges = 300;  // a tooltip needs half a second of rest
 
-// Looks for the program beside this one first.
-PROCESS_INFORMATION StartProgram(const std::string& arguments) {
-    std::wstring line = Wide("\"" VARNEL_EXE_NAME "\" " + arguments);
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION process{};
-    if (!::CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                          &start, &process))
-        throw std::runtime_error("cannot start the program");
-    ::CloseHandle(process.hThread);
-    return process;
+HANDLE StartProgram(const std::string& arguments) {
+    return reinterpret_cast<HANDLE>(
+        ::_wspawnl(_P_NOWAIT, L"Varnel.exe", L"Varnel.exe", Wide(arguments).c_str(), nullptr));
 }
 
 std::string answer;  // to the last question about a control
@@ -43,32 +35,26 @@ LRESULT CALLBACK TakeAnswer(HWND window, UINT id, WPARAM word, LPARAM number) {
 
 // The window that answers are sent to.
 HWND MakeAsker() {
-    const HWND asker = ::CreateWindowExW(0, L"Static", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
-                                         nullptr, nullptr);
+    const HWND asker =
+        ::CreateWindowA("Static", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
     ::SetWindowLongPtrW(asker, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&TakeAnswer));
     return asker;
 }
 
-// What the answer says of this and all that follows; nothing when it does not speak of it.
-const char* Said(const std::string& key) {
-    const std::size_t at = answer.find("\n" + key + "=");
-    return at == std::string::npos ? "" : answer.c_str() + at + key.size() + 2;
-}
-
 }  // namespace
 
-void WaitUntil(const std::string& what, const std::function<bool()>& condition, unsigned limit) {
+void WaitUntil(const std::string& what, const std::function<bool()>& condition) {
     const unsigned long long start = ::GetTickCount64();
-    unsigned long long nudge = start + kBetweenNudges;
-    while (!condition()) {
-        const unsigned long long now = ::GetTickCount64();
-        if (now > start + limit) throw std::runtime_error("waited in vain for " + what);
-        if (now > nudge) {
-            NudgePointer();
-            nudge = now + kBetweenNudges;
-        }
+    for (int look = 1; !condition(); ++look) {
+        if (::GetTickCount64() > start + kLimit)
+            throw std::runtime_error("waited in vain for " + what);
+        if (look % kLooksBetweenNudges == 0) NudgePointer();
         ::Sleep(kPause);
     }
+}
+
+void WaitForColor(POINT at, COLORREF color) {
+    WaitUntil("a colour on the screen", [&] { return ColorAt(at) == color; });
 }
 
 std::string TextOf(HWND window) {
@@ -81,6 +67,10 @@ RECT AreaOf(HWND window) {
     RECT area{};
     ::GetWindowRect(window, &area);
     return area;
+}
+
+POINT MiddleOf(const RECT& area) {
+    return {(area.left + area.right) / 2, (area.top + area.bottom) / 2};
 }
 
 HWND WaitForWindow(DWORD process, const char* windowClass, const std::string& title) {
@@ -103,11 +93,7 @@ void EndWindow(HWND window, UINT message, WPARAM word) {
     WaitUntil("a window to close", [window] { return !::IsWindowVisible(window); });
 }
 
-void WaitForColor(POINT at, COLORREF color) {
-    WaitUntil("a colour on the screen", [&] { return ColorAt(at) == color; });
-}
-
-Seen Form::Look(std::string_view name) const {
+std::string Form::Ask(std::string_view name, const std::string& key) const {
     static const HWND asker = MakeAsker();
     std::string question(name);
     COPYDATASTRUCT request{platform::win32::kInspectControl, static_cast<DWORD>(question.size()),
@@ -115,30 +101,49 @@ Seen Form::Look(std::string_view name) const {
     answer.clear();
     ::SendMessageTimeoutW(window_, WM_COPYDATA, reinterpret_cast<WPARAM>(asker),
                           reinterpret_cast<LPARAM>(&request), SMTO_ABORTIFHUNG, kLimit, nullptr);
-    if (answer.empty()) throw std::runtime_error("the window tells nothing of " + question);
-    Seen seen;
-    RECT& area = seen.Area;
-    seen.Visible = *Said("visible") == '1';
-    seen.Bold = *Said("bold") == '1';
-    seen.Back = std::strtoul(Said("back"), nullptr, 16);
-    seen.Value = std::atoi(Said("value"));
-    std::sscanf(Said("area"), "%ld,%ld,%ld,%ld", &area.left, &area.top, &area.right, &area.bottom);
-    seen.Window = reinterpret_cast<HWND>(std::strtoll(Said("window"), nullptr, 10));
-    seen.Text = Said("text");
-    if (seen.Window && TextOf(seen.Window) != seen.Text)
-        seen.Text += ", shown as " + TextOf(seen.Window);
-    return seen;
+    const std::size_t at = answer.find("\n" + key + "=");
+    if (at == answer.npos) throw std::runtime_error("the window tells nothing of " + question);
+    const std::string said = answer.substr(at + key.size() + 2);
+    if (key != "text") return said.substr(0, said.find('\n'));
+    const HWND control = Control(name);
+    const std::string shown = control ? TextOf(control) : said;
+    return said == shown ? said : said + ", shown as " + shown;
 }
 
-POINT Form::PlaceOf(std::string_view name) const {
-    const Seen seen = Look(name);
-    if (!seen.Visible) throw std::runtime_error(std::string(name) + " is not shown");
-    return MiddleOf(seen.Area);
+RECT Form::Area(std::string_view name) const {
+    RECT area{};
+    std::sscanf(Ask(name, "area").c_str(), "%ld,%ld,%ld,%ld", &area.left, &area.top, &area.right,
+                &area.bottom);
+    return area;
+}
+
+HWND Form::Control(std::string_view name) const {
+    return reinterpret_cast<HWND>(std::stoll(Ask(name, "window")));
+}
+
+void Form::WaitFor(std::string_view name, const std::string& value, const std::string& key) const {
+    WaitUntil(std::string(name) + " with the " + key + " " + value,
+              [&] { return Ask(name, key) == value; });
+}
+
+void Form::WaitForFocus(std::string_view name) const {
+    const HWND wanted = Control(name);
+    WaitUntil("the keyboard to come to " + std::string(name), [&] {
+        GUITHREADINFO front{};
+        front.cbSize = sizeof front;
+        ::GetGUIThreadInfo(0, &front);
+        return front.hwndFocus == wanted || ::GetParent(front.hwndFocus) == wanted;
+    });
 }
 
 void Form::WaitForQuiet() const {
     WaitUntil("a window to take input",
               [this] { return ::IsWindowEnabled(window_) && ::GetForegroundWindow() == window_; });
+}
+
+POINT Form::PlaceOf(std::string_view name) const {
+    if (Ask(name, "visible") != "1") throw std::runtime_error(std::string(name) + " is not shown");
+    return MiddleOf(Area(name));
 }
 
 void Form::Click(std::string_view name) const {
@@ -154,61 +159,52 @@ void Form::Type(std::string_view name, std::string_view keys) const {
 
 void Form::RunMenu(std::string_view name) const {
     WaitForQuiet();
-    ::PostMessageW(window_, WM_COMMAND, static_cast<WPARAM>(Look(name).Value), 0);
+    ::PostMessageW(window_, WM_COMMAND, std::stoul(Ask(name, "value")), 0);
 }
 
-void Form::WaitForFocus(std::string_view name) const {
-    const HWND wanted = Look(name).Window;
-    const DWORD thread = ::GetWindowThreadProcessId(window_, nullptr);
-    WaitUntil("the keyboard to come to " + std::string(name), [&] {
-        GUITHREADINFO state{};
-        state.cbSize = sizeof state;
-        ::GetGUIThreadInfo(thread, &state);
-        return state.hwndFocus == wanted || ::GetParent(state.hwndFocus) == wanted;
-    });
-}
-
-Program::Program(const std::string& arguments) : Program(StartProgram(arguments)) {}
-
-Program::Program(const PROCESS_INFORMATION& started)
-    : Form(nullptr), process_(started.hProcess), id_(started.dwProcessId) {
-    ParkPointer();
-    window_ = WaitForWindow(id_, "FormMain", " Varnel ,  Version 8.12");
+Program::Program(const std::string& arguments) : Program(StartProgram(arguments)) {
+    MovePointer({::GetSystemMetrics(SM_CXSCREEN) - 1, ::GetSystemMetrics(SM_CYSCREEN) - 1});
+    window_ = WaitForWindow(Id(), "FormMain", " Varnel ,  Version 8.12");
     WaitForQuiet();
     WaitForFocus("Combo1");
     // By then the program has heard what the screen tells of a new window.
-    const Seen cell = Look("sFile1(9)");
-    WaitForColor({cell.Area.left, cell.Area.top}, cell.Back);
+    const RECT cell = Area("sFile1(9)");
+    WaitForColor({cell.left, cell.top}, 0xFFFFC0);
 }
 
 Program::~Program() {
-    if (std::uncaught_exceptions() > 0)
-        std::ofstream("window-failure.bmp", std::ios::binary)
-            << PictureOf(AreaOf(::GetDesktopWindow()));
     ::TerminateProcess(process_.Get(), 99);  // does nothing to one that has ended
-    ::WaitForSingleObject(process_.Get(), INFINITE);
+    WaitForEnd();
 }
 
-unsigned Program::WaitForEnd() const {
-    if (::WaitForSingleObject(process_.Get(), kLimit) != WAIT_OBJECT_0)
-        throw std::runtime_error("the program does not end");
+DWORD Program::WaitForEnd() const {
     DWORD status = 0;
+    ::WaitForSingleObject(process_.Get(), kLimit);
     ::GetExitCodeProcess(process_.Get(), &status);
     return status;
 }
 
-unsigned Program::Close() const {
-    ::PostMessageW(window_, WM_SYSCOMMAND, SC_CLOSE, 0);
-    return WaitForEnd();
+// The heading tells when a comparison is over, so it must say something else before.
+void Program::Compare() const {
+    const std::string before = Ask("LabelShow");
+    Click("Command3");
+    WaitUntil("the result of the comparison",
+              [&] { return Ask("LabelShow") != before && Ask("Command3") == "Compare"; });
 }
 
-// The heading tells when a comparison is over, so it must say something else before.
-void Program::Compare(unsigned limit) const {
-    const std::string before = Text("LabelShow");
-    Click("Command3");
-    WaitUntil(
-        "the result of the comparison",
-        [&] { return Text("LabelShow") != before && Text("Command3") == "Compare"; }, limit);
+std::string Program::Answer(WPARAM button) const {
+    const HWND dialog = WaitForWindow(Id(), "#32770", "");
+    const std::string said = TextOf(dialog) + ": " + TextOf(::GetDlgItem(dialog, 0xFFFF));
+    EndWindow(dialog, WM_COMMAND, button);
+    return said;
+}
+
+void Program::AnswerFileName(const std::string& title, std::string_view path) const {
+    const HWND dialog = WaitForWindow(Id(), "#32770", title);
+    HWND field = ::GetDlgItem(dialog, 0x47C);  // on some systems within a combo box
+    while (const HWND inner = ::GetWindow(field, GW_CHILD)) field = inner;
+    ::SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(path).c_str()));
+    EndWindow(dialog, WM_COMMAND, IDOK);
 }
 
 }  // namespace window

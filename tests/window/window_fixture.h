@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "fakes/temp_folder.h"
-#include "window/dialog_driver.h"
+#include "window/window_driver.h"
 
 namespace window {
 
