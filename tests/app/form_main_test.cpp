@@ -97,11 +97,11 @@ TEST_F(FormMainTest, MenusDoWhatTheButtonsAndLabelsDoForgetTheHistoryAndEnd) {
         {"mnuNewFile", "LabelNewFile"},       {"mnuChangedFile", "LabelChgFile"},
         {"mnuAllFile", "LabelAllFile"},
     };
+    std::string clicked;
     for (const auto& [menu, control] : menus) {
-        bool clicked = false;
-        form.Window.Find(control)->OnClick = [&clicked] { clicked = true; };
+        form.Window.Find(control)->OnClick = [&clicked, name = control] { clicked = name; };
         ClickMenu(menu);
-        EXPECT_TRUE(clicked) << menu;
+        EXPECT_EQ(clicked, control) << menu;
     }
     host.Show(form.FilterDialog.FormFilter);
     ClickMenu("mnuExit");
