@@ -1,5 +1,6 @@
 // What every test of the program starts from: a temporary folder with the two folders to compare,
-// "one" and "two", and the program's own configuration folder beside them. The program runs in it.
+// "one" and "two", and the program's own configuration folder beside them. The test and the program
+// work in it: paths are relative to it.
 #pragma once
 
 #include <cstdint>
@@ -21,45 +22,39 @@ class CliTest : public testing::Test, protected fakes::TempFolder {
   protected:
     CliTest();
 
-    // Paths are relative to the temporary folder.
+    // As the program shows them.
     std::string One() const { return Path("one"); }
     std::string Two() const { return Path("two"); }
 
     // Missing folders above it are made. The time counts in seconds from 1970, UTC.
-    void File(const std::string& relative, const std::string& content,
-              std::int64_t time = kNoon) const;
-    std::string Content(const std::string& relative) const;  // "(none)" when there is no file
+    void File(const std::string& path, const std::string& content, std::int64_t time = kNoon) const;
+    std::string Content(const std::string& path) const;  // "(none)" when there is no file
 
     // The contents of all files below a folder, by their paths in it.
-    std::map<std::string, std::string> Files(const std::string& relative) const;
+    std::map<std::string, std::string> Files(const std::string& folder) const;
 
     // Two new folders with a row of each kind: left.txt in Folder 1 only, sub/right.txt in Folder 2
     // only, changed.txt newer in Folder 2, and same.jpg. Files hold "1" in Folder 1, "22" in
     // Folder 2.
     void MakeRows() const;
 
-    Launch Command(const Texts& arguments) const;
-
     // Runs the program; arguments are separated by blanks.
-    Ended Cli(const std::string& arguments) const { return Cli(Command(Words(arguments))); }
-    Ended Cli(const Launch& launch) const;
-    // All that is shown on a terminal, and the status.
-    Ended CliOnTerminal(const std::string& arguments, const std::string& typed = "") const;
+    static Ended Cli(const std::string& arguments, Launch launch = {}) {
+        launch.Arguments = Words(arguments);
+        return RunCli(launch);
+    }
 
     // Runs the program, which says this.
-    void Expect(const std::string& arguments, int status, const std::string& output,
-                const std::string& error) const;
-    // Runs the program, which says nothing but, in a line, why it does not do this.
-    void ExpectRefusal(const std::string& arguments, int status) const;
+    static void Expect(const std::string& arguments, int status, const std::string& output,
+                       const std::string& error);
+
+    // For Launch::First: gives the current folder to a user whom permissions bind, and is that
+    // user.
+    static void BecomeNobody();
 
     // The text kept in a slot of the history store, "(none)" where there is none.
     std::string Slot(int slot) const { return Content(SlotFile(slot)); }
     void SetSlot(int slot, const std::string& value) const { File(SlotFile(slot), value); }
-
-    // Lets a run as nobody work in the temporary folder.
-    void OpenToAll() const;
-
-  private:
     static std::string SlotFile(int slot);
 };
 

@@ -1,27 +1,21 @@
 #include "cli/run_cli.h"
 
-#include <cerrno>
-#include <cstdlib>
-#include <system_error>
-
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <pty.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace cli {
+#include "platform/posix/reached_path.h"
 
-using platform::posix::Descriptor;
+namespace cli {
 
 namespace {
 
-constexpr uid_t kNobody = 65534;
-constexpr unsigned kSecondsToLive = 100;  // far above any run; only a hang reaches it
+using platform::posix::Descriptor;
 
-void Check(bool worked, const char* what) {
-    if (!worked) throw std::system_error(errno, std::generic_category(), what);
-}
+constexpr unsigned kSecondsToLive = 100;  // far above any run; only a hang reaches it
 
 // All that has been written, or will be: a terminal without a far end reads as an error.
 std::string Read(const Descriptor& file) {
@@ -33,51 +27,37 @@ std::string Read(const Descriptor& file) {
     return text;
 }
 
-}  // namespace
-
-Running::Running(const Launch& launch) {
-    int ends[2];
-    Check(::openpty(&ends[0], &ends[1], nullptr, nullptr, nullptr) == 0, "openpty");
-    terminal_ = Descriptor(ends[0]);
-    const Descriptor farEnd(ends[1]);
-    Check(::write(ends[0], launch.Typed.data(), launch.Typed.size()) >= 0, "type");
-    for (Descriptor& stream : streams_) stream = Descriptor(::memfd_create("stream", MFD_CLOEXEC));
-    // Opened here: the user that it is to run as may not be able to reach it by its path.
-    const Descriptor program(::open(VARNEL_CLI, O_RDONLY | O_CLOEXEC));
-    pid_ = ::fork();
-    Check(pid_ >= 0, "fork");
-    if (pid_ == 0) Become(launch, program.Get(), farEnd.Get());
-}
-
-void Running::Become(const Launch& launch, int program, int terminal) const {
-    const Sink sinks[] = {launch.Input, launch.Output, launch.Error};
+// In the new process, whose streams all are on the terminal.
+[[noreturn]] void Become(const Launch& launch, int program, const Descriptor (&streams)[3]) {
     for (int i = 0; i < 3; ++i)
-        ::dup2(sinks[i] == Sink::Terminal ? terminal : streams_[i].Get(), i);
-    const bool ready = ::chdir(launch.WorkFolder.c_str()) == 0 &&
-                       (!launch.AsNobody || ::geteuid() != 0 ||
-                        (::setgid(kNobody) == 0 && ::setuid(kNobody) == 0));
-    if (launch.First) launch.First();
-    ::alarm(kSecondsToLive);
+        if (!launch.OnTerminal.contains(i)) ::dup2(streams[i].Get(), i);
     std::vector<char*> arguments = {const_cast<char*>("varnel-cli")};
     for (const std::string& argument : launch.Arguments)
         arguments.push_back(const_cast<char*>(argument.c_str()));
     arguments.push_back(nullptr);
-    for (const std::string& setting : launch.Environment)
-        ::putenv(const_cast<char*>(setting.c_str()));
-    if (ready) ::fexecve(program, arguments.data(), ::environ);
+    if (launch.First) launch.First();
+    ::alarm(kSecondsToLive);
+    ::fexecve(program, arguments.data(), ::environ);
     ::_exit(126);
 }
 
-Ended Running::Wait() {
-    Ended ended;
-    ended.Terminal = Read(terminal_);
-    int status = 0;
-    Check(::waitpid(pid_, &status, 0) == pid_, "wait");
-    ended.Status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    ended.Signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
-    ended.Output = Read(streams_[1]);
-    ended.Error = Read(streams_[2]);
-    return ended;
+}  // namespace
+
+Ended RunCli(const Launch& launch) {
+    Descriptor streams[3];
+    for (Descriptor& stream : streams) stream = Descriptor(::memfd_create("", MFD_CLOEXEC));
+    // Opened here: the user that it is to run as may not be able to reach it by its path.
+    const Descriptor program(::open(VARNEL_CLI, O_RDONLY | O_CLOEXEC));
+    int nearEnd = -1, status = -1;
+    const pid_t process = ::forkpty(&nearEnd, nullptr, nullptr, nullptr);
+    if (process == 0) Become(launch, program.Get(), streams);
+    const Descriptor terminal(nearEnd);
+    EXPECT_GE(::write(nearEnd, launch.Typed.data(), launch.Typed.size()), 0);
+    if (launch.Meanwhile) launch.Meanwhile();
+    const std::string shown = Read(terminal);
+    ::waitpid(process, &status, 0);
+    return {WIFSIGNALED(status) ? -WTERMSIG(status) : WEXITSTATUS(status), Read(streams[1]),
+            Read(streams[2]), shown};
 }
 
 }  // namespace cli

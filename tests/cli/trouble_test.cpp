@@ -1,5 +1,7 @@
-// Folders that cannot be read, output that cannot be written, interrupts, and the countdown.
+// Folders that cannot be read, output that cannot be written, and interrupts; what a terminal
+// shows.
 #include <csignal>
+#include <filesystem>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -13,20 +15,22 @@ namespace {
 using Trouble = CliTest;
 
 TEST_F(Trouble, UnreadableFoldersAreNamedUpToTwentyAndTheRunGoesOn) {
+    const std::string steering = "\x1b]0;t\x07\xe2\x80\xae";
     File("one/a", "a");
-    OpenToAll();
-    for (int i = 0; i < 22; ++i) ::mkdir((One() + "/locked" + std::to_string(i)).c_str(), 0);
-    Launch launch = Command({"sync", "one", "two"});
-    launch.AsNobody = true;
-    const Ended run = Cli(launch);
+    for (int i = 0; i < 22; ++i) ::mkdir(("one/" + steering + std::to_string(i)).c_str(), 0);
+    const Ended run = Cli("sync one two", {.First = BecomeNobody});
     EXPECT_EQ(run.Output, "--> OK -->    a\n");
     EXPECT_EQ(run.Status, 0);
     const Texts lines = Lines(run.Error);
-    ASSERT_GT(lines.size(), 21u) << run.Error;
-    EXPECT_TRUE(lines[19].starts_with("cannot read folder '" + One() + "/locked")) << lines[19];
+    ASSERT_GT(lines.size(), 20u) << run.Error;
+    EXPECT_TRUE(lines[19].starts_with("cannot read folder '" + One() + '/' + steering));
     EXPECT_TRUE(lines[19].ends_with("Permission denied")) << lines[19];
     EXPECT_EQ(lines[20], "cannot read 2 more folders");
-    EXPECT_TRUE(lines[21].starts_with("Synchronization")) << run.Error;
+    const std::string shown =
+        Cli("compare -q one two", {.OnTerminal = {2}, .First = BecomeNobody}).Terminal;
+    EXPECT_TRUE(shown.starts_with("\rComparing ...\r")) << "the countdown";
+    EXPECT_NE(shown.find("\r             \r"), std::string::npos) << "wiped";
+    EXPECT_EQ(shown.find_first_of("\x1b\x07\xe2"), std::string::npos) << shown;
 }
 
 TEST_F(Trouble, OutputThatCannotBeWrittenIsStatusTwoAndStopsNoSync) {
@@ -35,89 +39,58 @@ TEST_F(Trouble, OutputThatCannotBeWrittenIsStatusTwoAndStopsNoSync) {
         [] { ::close_range(STDIN_FILENO, STDERR_FILENO, 0); },  // files get these numbers
     };
     for (const char* arguments : {"compare -q --format=json one two", "sync --dry-run one two",
-                                  "history list", "--help", "sync one two"}) {
+                                  "history list", "--help", "sync one two"})
         for (const auto& spoil : spoilOutput) {
             MakeRows();
-            Launch launch = Command(Words(arguments));
-            launch.First = spoil;
-            EXPECT_EQ(Cli(launch).Status, 2) << arguments;
+            EXPECT_EQ(Cli(arguments, {.First = spoil}).Status, 2) << arguments;
         }
-    }
-    using Contents = std::map<std::string, std::string>;
-    EXPECT_EQ(
-        Files("one"),
-        (Contents{
-            {"changed.txt", "22"}, {"left.txt", "1"}, {"same.jpg", "1"}, {"sub/right.txt", "22"}}));
+    EXPECT_EQ(Content("two/left.txt") + Content("one/changed.txt"), "122");
+    EXPECT_EQ(Files("one").size() + Files("two").size(), 8u);
     EXPECT_EQ(Slot(0), One() + "==========" + Two() + "====================0");
 }
 
-// The system itself sends an interrupt when the program does something in a folder: so it comes at
-// the same moment of every run.
-class Signals : public CliTest {
-  protected:
-    Signals() {
-        File("one/a", "1");
-        File("one/sub/b", "2");
-    }
-
-    // Something is read (DN_ACCESS), made or renamed in the folder.
-    Ended RunInterrupted(long at, const std::string& folder, const std::string& arguments,
-                         int signal = SIGINT) const {
-        Launch launch = Command(Words(arguments));
-        launch.First = [&] {
-            const int opened = ::open(Path(folder).c_str(), O_RDONLY);
-            ::fcntl(opened, F_SETSIG, signal);
-            ::fcntl(opened, F_SETOWN, ::getpid());
-            EXPECT_EQ(::fcntl(opened, F_NOTIFY, at), 0);
-        };
-        return Running(launch).Wait();
-    }
-};
-
-// When the history is loaded there is nothing yet that could be stopped.
-TEST_F(Signals, StopAComparisonWhichThenPrintsWhatItFound) {
+// The system itself sends an interrupt when something in a folder is read (DN_ACCESS), made or
+// renamed: so it comes at the same moment of every run. When the history is loaded there is nothing
+// yet that could be stopped. A list with gaps would be taken for the whole one.
+TEST_F(Trouble, AnInterruptStopsARunWhichPrintsWhatItFoundOrDidAndASecondOneEndsIt) {
+    const std::string store = ".config/varnel/SOFTWARE/SystemInfoFolderCS1993/P0",
+                      compared = "\"same\": 0, \"stopped\": true}}\n",
+                      synced = R"("total": 1, "failed": 0, "stopped": true, "message": )"
+                               R"("Synchronization User Canceled.      "}})"
+                               "\n";
+    const struct {
+        int Signal;
+        long At;
+        std::string Folder, Arguments;
+        int Status;
+        std::string Output;
+        std::size_t Copied = 0;
+    } cases[] = {
+        {SIGINT, DN_ACCESS, "one/sub", "compare one two --format=json", 130, compared},
+        {SIGTERM, DN_ACCESS, store, "compare one two --format=json", 130, compared},
+        {SIGINT, DN_ACCESS, "one/sub", "sync one two", 130, ""},
+        {SIGINT, DN_ACCESS, "one/sub", "export new one two two/report", 130, ""},
+        {SIGINT, DN_CREATE, "two", "sync one two --format=json", 130, synced, 1},
+        {SIGINT, DN_CREATE | DN_RENAME | DN_MULTISHOT, "two", "sync one two", -SIGINT, "", 1},
+    };
     SetSlot(0, "/a==========/b");
-    for (const auto& [folder, signal] :
-         {std::pair{"one/sub", SIGINT},
-          {"config/varnel/SOFTWARE/SystemInfoFolderCS1993/P0", SIGTERM}}) {
-        const Ended run =
-            RunInterrupted(DN_ACCESS, folder, "compare one two --format=json", signal);
-        EXPECT_EQ(run.Status, 130) << folder;
-        EXPECT_EQ(Lines(run.Output).size(), 2u) << "a row and the summary";
-        EXPECT_TRUE(run.Output.ends_with(R"("modified": 0, "same": 0, "stopped": true}})"
-                                         "\n"));
+    File("one/a", "1");
+    File("one/sub/b", "2");
+    for (const auto& c : cases) {
+        std::filesystem::remove_all("two");
+        MakeFolder("two");
+        const auto askForSignal = [&] {
+            const int opened = ::open(c.Folder.c_str(), O_RDONLY);
+            ::fcntl(opened, F_SETSIG, c.Signal);
+            ::fcntl(opened, F_SETOWN, ::getpid());
+            if (::fcntl(opened, F_NOTIFY, c.At) != 0) ::_exit(126);
+        };
+        const Ended run = Cli(c.Arguments, {.First = askForSignal});
+        EXPECT_EQ(run.Status, c.Status) << c.Arguments;
+        EXPECT_TRUE(run.Output.ends_with(c.Output)) << run.Output;
+        EXPECT_EQ(Lines(run.Output).size(), c.Output.empty() ? 0u : 2u) << "a row and the summary";
+        EXPECT_EQ(Files("two").size(), c.Copied) << c.Arguments;
     }
-}
-
-TEST_F(Signals, DuringTheComparisonOfASyncOrAnExportNothingIsWritten) {
-    for (const char* arguments : {"sync one two", "export new one two two/report"}) {
-        const Ended run = RunInterrupted(DN_ACCESS, "one/sub", arguments);
-        EXPECT_EQ(run.Status, 130) << arguments;
-        EXPECT_EQ(run.Output, "") << arguments;
-        EXPECT_TRUE(Files("two").empty()) << "A list with gaps would be taken for the whole one.";
-    }
-}
-
-TEST_F(Signals, StopASyncAfterTheFileInHand) {
-    const Ended run = RunInterrupted(DN_CREATE, "two", "sync one two --format=json");
-    EXPECT_EQ(run.Status, 130);
-    EXPECT_EQ(Lines(run.Output).size(), 2u) << "a row and the summary";
-    EXPECT_NE(run.Output.find(R"("total": 1, "failed": 0, "stopped": true, "message": )"
-                              R"("Synchronization User Canceled.      "}})"),
-              std::string::npos);
-    EXPECT_EQ(Files("two"), (std::map<std::string, std::string>{{"a", "1"}}));
-}
-
-TEST_F(Signals, TheSecondOneEndsTheRunAtOnce) {
-    const Ended run = RunInterrupted(DN_CREATE | DN_RENAME | DN_MULTISHOT, "two", "sync one two");
-    EXPECT_EQ(run.Signal, SIGINT);
-    EXPECT_EQ(run.Output, "");
-}
-
-TEST_F(Signals, TheCountdownIsShownOnATerminalAndWiped) {
-    const std::string shown = CliOnTerminal("sync --dry-run -q one two").Terminal;
-    EXPECT_TRUE(shown.starts_with("\rComparing ...\r")) << shown;
-    EXPECT_TRUE(shown.ends_with("\r             \r")) << shown;
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <csignal>
 #include <cstddef>
+#include <filesystem>
 #include <fstream>
 #include <set>
 
@@ -10,46 +11,42 @@
 #include <sys/user.h>
 #include <sys/wait.h>
 
+#include "cli/output_text.h"
+
 namespace reliability {
 
 namespace {
 
-enum class Register { CallNumber, Result };
-
 // Without effect on other processors, which PairTest finds out.
-void SetRegister(pid_t pid, Register which, std::int64_t value) {
+void SetRegister([[maybe_unused]] const Moment& moment, [[maybe_unused]] std::int64_t value) {
 #if defined(__x86_64__)
-    const std::size_t place = which == Register::Result ? offsetof(user_regs_struct, rax)
-                                                        : offsetof(user_regs_struct, orig_rax);
-    ::ptrace(PTRACE_POKEUSER, pid, place, value);
+    const std::size_t place =
+        moment.After ? offsetof(user_regs_struct, rax) : offsetof(user_regs_struct, orig_rax);
+    ::ptrace(PTRACE_POKEUSER, moment.Process, place, value);
 #endif
 }
 
-std::string TextAt(pid_t pid, std::uint64_t address) {
-    std::ifstream memory("/proc/" + std::to_string(pid) + "/mem");
+std::string TextAt(int process, std::uint64_t address) {
+    std::ifstream memory("/proc/" + std::to_string(process) + "/mem");
     memory.seekg(static_cast<std::streamoff>(address));
     std::string text;
     std::getline(memory, text, '\0');
     return text;
 }
 
-bool ConcernsFiles(long call) {
-    static const std::set<long> kOthers = {
-        SYS_mmap,    SYS_munmap,          SYS_mremap,    SYS_brk,          SYS_mprotect,
-        SYS_madvise, SYS_futex,           SYS_getrandom, SYS_rt_sigaction, SYS_rt_sigprocmask,
-        SYS_sysinfo, SYS_clock_nanosleep, SYS_geteuid,   SYS_exit_group};
-    return !kOthers.contains(call);
-}
+const std::set<long> kNotOfFiles = {
+    SYS_mmap,    SYS_munmap,          SYS_mremap,    SYS_brk,          SYS_mprotect,
+    SYS_madvise, SYS_futex,           SYS_getrandom, SYS_rt_sigaction, SYS_rt_sigprocmask,
+    SYS_sysinfo, SYS_clock_nanosleep, SYS_geteuid,   SYS_exit_group};
 
 // Goes from call to call of the one child process, until it is gone or to be left alone.
 class Tracer {
   public:
-    Tracer(const std::string& folder, const Watch& watch) : folder_(folder), watch_(watch) {}
+    explicit Tracer(const Watch& watch) : watch_(watch) {}
 
     void Follow() {
         siginfo_t event{};
-        while ((watching_ || moment_.Instead) &&
-               ::waitid(P_ALL, 0, &event, WEXITED | WSTOPPED | WNOWAIT) == 0 &&
+        while (goesOn_ && ::waitid(P_ALL, 0, &event, WEXITED | WSTOPPED | WNOWAIT) == 0 &&
                event.si_code == CLD_TRAPPED) {
             moment_.Process = event.si_pid;
             ::waitpid(moment_.Process, nullptr, 0);
@@ -59,8 +56,8 @@ class Tracer {
                          PTRACE_O_TRACESYSGOOD | PTRACE_O_EXITKILL);
             if (signal == (SIGTRAP | 0x80)) AtCall();
             if ((signal & 0x7f) == SIGTRAP) signal = 0;
-            const bool goesOn = watching_ || moment_.Instead;
-            ::ptrace(goesOn ? PTRACE_SYSCALL : PTRACE_DETACH, moment_.Process, nullptr, signal);
+            goesOn_ = watching_ || moment_.Instead;
+            ::ptrace(goesOn_ ? PTRACE_SYSCALL : PTRACE_DETACH, moment_.Process, nullptr, signal);
         }
     }
 
@@ -80,20 +77,19 @@ class Tracer {
         }
         if (probing_ != 0) {
             probing_ -= moment_.After;
-        } else if (counting_ && !moment_.Instead && ConcernsFiles(moment_.Call)) {
+        } else if (counting_ && !moment_.Instead && !kNotOfFiles.contains(moment_.Call)) {
             watching_ = watch_(moment_);
             ++moment_.Index;
         }
         if (moment_.After && moment_.Instead) {
-            SetRegister(moment_.Process, Register::Result, *moment_.Instead);
+            SetRegister(moment_, *moment_.Instead);
             moment_.Instead.reset();
         }
     }
 
-    const std::string folder_;
+    const std::string folder_ = std::filesystem::current_path();
     const Watch& watch_;
-    bool watching_ = true;
-    bool counting_ = false;
+    bool goesOn_ = true, watching_ = true, counting_ = false;
     // A sanitizer finds out whether memory may be read by writing it into a pipe of its own.
     static constexpr int kCallsOfAProbe = 4;
     int probing_ = 0;
@@ -103,19 +99,21 @@ class Tracer {
 }  // namespace
 
 void Moment::Return(std::int64_t result) {
-    if (!After) SetRegister(Process, Register::CallNumber, -1);
+    if (!After) SetRegister(*this, -1);
     Instead = result;
 }
 
-cli::Ended RunTraced(cli::Launch launch, const Watch& watch) {
-    launch.First = [] { ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr); };
-    // A sanitized program looks for leaks by tracing itself, which one that is traced cannot do.
-    // What it finds must not look like a row that failed.
-    launch.Environment.emplace_back("ASAN_OPTIONS=detect_leaks=0:exitcode=99");
-    launch.Environment.emplace_back("UBSAN_OPTIONS=exitcode=99:print_stacktrace=1");
-    cli::Running run(launch);
-    Tracer(launch.WorkFolder, watch).Follow();
-    return run.Wait();
+// A sanitized program looks for leaks by tracing itself, which one that is traced cannot do. What
+// it finds must not look like a row that failed.
+cli::Ended RunTraced(const std::string& arguments, const Watch& watch) {
+    const auto beTraced = [] {
+        ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+        ::setenv("ASAN_OPTIONS", "detect_leaks=0:exitcode=99", 1);
+        ::setenv("UBSAN_OPTIONS", "exitcode=99:print_stacktrace=1", 1);
+    };
+    return cli::RunCli({.Arguments = cli::Words(arguments), .First = beTraced, .Meanwhile = [&] {
+                            Tracer(watch).Follow();
+                        }});
 }
 
 }  // namespace reliability

@@ -32,8 +32,8 @@ struct Moment {
 // False: the run goes on alone from here.
 using Watch = std::function<bool(Moment&)>;
 
-// Runs the program to its end. Moments count from the first call that names something in the folder
-// that it works in, so that the start of the program is left out.
-cli::Ended RunTraced(cli::Launch launch, const Watch& watch);
+// Runs the program to its end. Moments count from the first call that names something in the
+// current folder, so that the start of the program is left out.
+cli::Ended RunTraced(const std::string& arguments, const Watch& watch);
 
 }  // namespace reliability
