@@ -1,8 +1,4 @@
 // The page of 25 rows, the eight views and the labels that show them.
-#include <algorithm>
-#include <array>
-#include <cstdint>
-#include <map>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -14,102 +10,64 @@
 namespace grid {
 namespace {
 
-const std::string kOne = fakes::FakeFiles::Path("one/");
-const std::string kTwo = fakes::FakeFiles::Path("two/");
-const compare::FolderPair kRoots{nullptr, kOne, kTwo};
+using fakes::Texts;
 
-// A row of the file `name`, of the same time on the sides where it exists.
-compare::CompareItem Row(std::int16_t code, bool in1 = true, bool in2 = true,
-                         const char* name = "a") {
-    compare::CompareItem item = fakes::Item(kRoots, name, code);
-    item.Bytes1 = in1 ? 1 : platform::FileStatus::kNoSize;
-    item.Bytes2 = in2 ? 2 : platform::FileStatus::kNoSize;
-    if (in1) item.Time1 = fakes::kOld;
-    if (in2) item.Time2 = fakes::kOld;
-    return item;
-}
-
-class GridPageTest : public fakes::MainWindowTest {
+class GridTest : public fakes::MainWindowTest {
   protected:
     // Shows a list of so many rows from its start.
-    void ShowRows(int rows) {
-        form.Table.NewList.assign(static_cast<std::size_t>(rows), Row(11));
+    void ShowRows(std::size_t rows) {
+        form.Table.NewList.assign(rows, fakes::Item(roots, "a", 11));
         form.LabelNewFile.Click();
     }
     void Point(std::size_t row) { form.sFile2[row].PointerMove({10, 100}); }
 
-    // The rows that are hovered (h) or selected (S), all eight cells alike: "3h 20S ".
+    // The rows that are hovered (h) or selected (S): "3h 20S ".
     std::string Marked() const {
-        const std::map<platform::Color, char> marks{
-            {kBaseBack, '.'}, {kHoverBack, 'h'}, {kSelectedBack, 'S'}};
         std::string marked;
-        for (std::size_t row = 0; row < kPageRows; ++row) {
-            const platform::Color color = form.sMAC[row].BackColor();
-            char mark = marks.at(color);
-            for (const auto cells : ResultsGrid::kDataCells)
-                if ((form.*cells)[row].BackColor() != color) mark = '?';
-            if (mark != '.') marked += std::to_string(row) + mark + ' ';
-        }
+        for (std::size_t row = 0; row < kPageRows; ++row)
+            for (const auto& [color, mark] : {std::pair{kHoverBack, "h "}, {kSelectedBack, "S "}})
+                if (form.sMAC[row].BackColor() == color && form.sMD2[row].BackColor() == color)
+                    marked += std::to_string(row) + mark;
         return marked;
     }
+    // What a row shows beside its direction.
+    std::string Shown(std::size_t row) const {
+        std::string shown;
+        for (const auto column : ResultsGrid::kDataCells)
+            shown += (shown.empty() ? "" : ",") + (form.*column)[row].Caption();
+        return shown;
+    }
+
+    const std::string root1 = fakes::FakeFiles::Path("1/"), root2 = fakes::FakeFiles::Path("2/");
+    const compare::FolderPair roots{nullptr, root1, root2};
 };
 
-TEST_F(GridPageTest, ScrollStepsAreRowsThenPagesThenSeveralPages) {
-    const std::array<int, 3> cases[] = {{7, 0, 0},
-                                        {25, 1, 1},
-                                        {10'000, 9'976, 9'976},
-                                        {10'001, 400, 10'000},
-                                        {819'175, 32'766, 819'150},
-                                        {819'176, 16'383, 819'150}};
-    for (const auto& [count, maximum, rowOfMaximum] : cases) {
-        ShowRows(count);
+// A long list's bar has a step a page, or one for several pages, and ends beyond the last full
+// page.
+TEST_F(GridTest, BarAndWheelReachEveryRow) {
+    const struct {
+        int Rows, Maximum, ScrolledTo, Wheel, FirstRow, Value;
+    } cases[] = {
+        {25, 1, 1, 1, 1, 1},
+        {60, 36, 11, -12, 0, 0},
+        {60, 36, 34, 25, 35, 35},
+        {10'000, 9'976, 9'976, -1, 9'975, 9'975},
+        {10'001, 400, 400, 1, 10'000, 400},
+        {10'001, 400, 400, -1, 9'976, 399},
+        {819'176, 16'383, 16'383, 1, 819'151, 16'383},
+    };
+    for (const auto& c : cases) {
+        ShowRows(static_cast<std::size_t>(c.Rows));
         EXPECT_EQ(form.VScroll1.Value(), 0);
-        EXPECT_EQ(form.VScroll1.Maximum(), maximum);
-        EXPECT_EQ(Column(form.sTYPE).size(), static_cast<std::size_t>(std::min(count, kPageRows)));
-        form.VScroll1.Scroll(100'000);
-        EXPECT_EQ(form.FirstRow(), rowOfMaximum);
-        EXPECT_EQ(form.sTYPE[0].Caption(), std::to_string(rowOfMaximum + 1) + ".");
+        EXPECT_EQ(form.VScroll1.Maximum(), c.Maximum);
+        form.VScroll1.Scroll(c.ScrolledTo);
+        form.Window.OnWheel(c.Wheel);
+        EXPECT_EQ(form.sTYPE[0].Caption(), std::to_string(c.FirstRow + 1) + ".");
+        EXPECT_EQ(form.VScroll1.Value(), c.Value);
     }
 }
 
-TEST_F(GridPageTest, ScrollingKeepsThePageWithinTheList) {
-    ShowRows(60);
-    form.sFile1[0].Click();
-    form.Window.OnWheel(-1);
-    EXPECT_EQ(Marked(), "0S ") << "nothing is drawn again where nothing moves";
-    for (const auto& [rows, firstRow] :
-         {std::pair{26, 26}, {25, 35}, {1, 35}, {-25, 10}, {-11, 0}}) {
-        form.Window.OnWheel(rows);
-        EXPECT_EQ(form.FirstRow(), firstRow);
-        EXPECT_EQ(form.VScroll1.Value(), firstRow);
-    }
-    ShowRows(10'001);  // a scaled bar ends beyond the last full page
-    for (const auto& [rows, firstRow] : {std::pair{1, 10'000}, {-1, 9'976}, {-25, 9'975}}) {
-        form.VScroll1.Scroll(400);
-        form.Window.OnWheel(rows);
-        EXPECT_EQ(form.FirstRow(), firstRow);
-    }
-    form.ScrollToRow(60);
-    EXPECT_EQ(form.VScroll1.Value(), 2) << "between two steps the one before";
-}
-
-TEST_F(GridPageTest, ANameIsWhatFollowsTheLastSeparatorWithinReach) {
-    const std::string longName(1000, 'n');
-    for (const std::string& name : {std::string("a.txt"), longName.substr(1), "mo" + longName}) {
-        const std::string shown = name.substr(name.starts_with("mo") ? 2 : 0);
-        form.Table.NewList = {Row(21, true, true, name.c_str())};
-        form.LabelNewFile.Click();
-        EXPECT_EQ(form.sFile1[0].Caption() + form.sFile2[0].Caption(), shown + shown);
-        form.CheckShowPath1.Click();
-        EXPECT_EQ(form.sFile1[0].Caption() + form.sFile2[0].Caption(), kOne + name + shown);
-        form.CheckShowPath1.Click();
-        form.CheckShowPath2.Click();
-        EXPECT_EQ(form.sFile1[0].Caption() + form.sFile2[0].Caption(), shown + kTwo + name);
-        form.CheckShowPath2.Click();
-    }
-}
-
-TEST_F(GridPageTest, APointedRowIsTheOnlyHoveredOne) {
+TEST_F(GridTest, OneRowIsHoveredAndOneSelected) {
     Point(3);
     EXPECT_EQ(Marked(), "") << "no view has been filled yet";
     ShowRows(60);
@@ -117,153 +75,94 @@ TEST_F(GridPageTest, APointedRowIsTheOnlyHoveredOne) {
     EXPECT_EQ(Marked(), "") << "the row last hovered is 0 from the start";
     form.sMAC[3].PointerMove({});
     EXPECT_EQ(Marked(), "3h ");
-    Point(0);
-    Point(3);
-    EXPECT_EQ(Marked(), "0h 3h ") << "row 0 is selected from the start";
     form.sTYPE[20].Click();
     Point(24);
     EXPECT_EQ(Marked(), "20S 24h ");
     form.Picture1.PointerMove({});
     EXPECT_EQ(Marked(), "20S ") << "the ground beside the grid";
-}
-
-TEST_F(GridPageTest, ThePathLineShowsWhereTheRowsFileIs) {
-    ShowRows(60);
-    form.Table.NewList[5] = Row(12, false, true, "only2");
-    form.Table.NewList[7] = Row(11, false, false, "gone");
-    form.VScroll1.Scroll(3);
-    for (const auto& [row, path] :
-         {std::pair{1u, kOne + "a"}, {2u, kTwo + "only2"}, {4u, kOne + "gone"}}) {
-        Point(row);
-        EXPECT_EQ(form.TextFileName.Text(), path);
-    }
-    form.Table.NewList.resize(10);
-    Point(7);
-    EXPECT_EQ(form.TextFileName.Text(), kOne + "gone") << "below the end of the list";
-}
-
-TEST_F(GridPageTest, ClickingSelectsAndClickingAgainTurnsTheRowToHovered) {
-    ShowRows(60);
-    form.sMAC[4].SetCaption("--> Fail -->");
-    for (const auto cells : ResultsGrid::kDataCells) {
-        platform::Label& cell = (form.*cells)[4];
-        cell.Click();
-        EXPECT_EQ(Marked(), "4S ");
-        EXPECT_EQ(cell.ForeColor(), kSelectedText);
-        EXPECT_EQ(form.sMAC[4].ForeColor(), kSelectedText);
-        cell.Click();
-        EXPECT_EQ(Marked(), "4h ");
-        EXPECT_EQ(cell.ForeColor(), platform::kButtonTextColor);
-        EXPECT_EQ(form.sMAC[4].ForeColor(), kFailText);
-    }
     form.sFile1[4].Click();
-    form.sFile1[9].Click();
-    EXPECT_EQ(Marked(), "9S ");
-    for (const std::size_t row : {4u, 9u, 2u}) Point(row);
-    EXPECT_EQ(Marked(), "2h 9h ") << "the selected row keeps what it got last";
-}
-
-// The pointer's last position counts, in the coordinates of whatever control reported it.
-TEST_F(GridPageTest, AClickBetweenTheCellsGoesByTheLastPointerPosition) {
-    for (platform::Control* reporting :
-         std::initializer_list<platform::Control*>{&form.Picture2, &form.sFile1[20]})
-        for (const auto& [y, marked] :
-             {std::pair{20, ""}, {21, "0S "}, {6'259, "24S "}, {6'260, ""}}) {
-            form.LabelNewFile.Click();
-            reporting->PointerMove({0, y});
-            form.Picture2.Click();
-            EXPECT_EQ(Marked(), marked) << y;
-        }
-}
-
-using GridViewsTest = GridPageTest;
-
-TEST_F(GridViewsTest, ALabelShowsItsListWithHeadingMarkAndDirections) {
-    compare::CompareTable& lists = form.Table;
-    const struct {
-        compare::ItemList& List;
-        platform::Label& Label;
-        const char* Caption;  // with which the label shows the view
-        platform::Label& Mark;
-        const char *Heading, *Directions;
-    } cases[] = {
-        {lists.NewList, form.LabelNewFile, "New", form.LabelMark1, "New Files:  7",
-         "Copy -->,<-- Copy,,,,,---/---/---,"},
-        {lists.ChgList, form.LabelChgFile, "( 2 ) <-- Sync", form.LabelMark2, "Modified Files:  7",
-         ",,Replace -->,<-- Replace,,,---/---/---,"},
-        {lists.NewChgList, form.LabelNewChgFile, "New", form.LabelMark3,
-         "New and Modified Files:  7", "Copy -->,<-- Copy,Replace -->,<-- Replace,,,---/---/---,"},
-        {lists.SameList, form.LabelAllFile, "Same", form.LabelMark4, "Same Files:  7",
-         "---/---/---,---/---/---,Replace -->,<-- Replace,---/---/---,---/---/---,---/---/---,"},
-        {lists.SyncAllList, form.LabelAllFile, "Sync Total ( 2 ) ", form.LabelMark4,
-         "Synchronized Files:  7",
-         "--> OK -->,<-- OK <--,--> OK -->,<-- OK <--,--> Fail -->,<-- Fail <--,,"},
-        {lists.SyncRlList, form.LabelChgFile, "<-- Sync", form.LabelMark2,
-         "Sync from Folder 2 to 1:  7", ",<-- OK <--,,<-- OK <--,,,,"},
-        {lists.SyncLrList, form.LabelNewFile, "Sync --> ( 2 ) ", form.LabelMark1,
-         "Sync from Folder 1 to 2:  7", "--> OK -->,,--> OK -->,,,,,"},
-        {lists.FailList, form.LabelNewChgFile, "Sync Fail ( 2 ) ", form.LabelMark3,
-         "Sync Failed Files:  7", ",,,,--> Fail -->,<-- Fail <--,,"},
-    };
-    for (const auto& c : cases) {
-        c.List = {Row(11), Row(12), Row(21), Row(22), Row(31), Row(32), Row(40)};
-        c.Label.SetCaption(c.Caption);
-        c.Label.Click();
-        EXPECT_EQ(form.LabelShow.Caption(), c.Heading);
-        for (const auto* mark :
-             {&form.LabelMark1, &form.LabelMark2, &form.LabelMark3, &form.LabelMark4})
-            EXPECT_EQ(mark->Visible(), mark == &c.Mark) << c.Heading;
-        std::string directions;
-        for (int row = 0; row < 7; ++row) directions += form.sMAC[row].Caption() + ',';
-        EXPECT_EQ(directions, c.Directions) << c.Heading;
+    EXPECT_EQ(Marked(), "4S ");
+    EXPECT_EQ(form.sMAC[4].ForeColor(), kSelectedText);
+    form.sSize2[4].Click();
+    EXPECT_EQ(Marked(), "4h ");
+    EXPECT_EQ(form.sMAC[4].ForeColor(), kMarkText);
+    for (const auto& [y, marked] : {std::pair{20, ""}, {21, "0S "}, {6'259, "24S "}, {6'260, ""}}) {
+        form.LabelNewFile.Click();
+        form.Picture2.PointerMove({0, y});
+        form.Picture2.Click();  // between the cells
+        EXPECT_EQ(Marked(), marked) << y;
     }
-    for (const auto& [row, color] : {std::pair{3, kMarkText}, {4, kFailText}, {5, kFailText}})
-        EXPECT_EQ(form.sMAC[row].ForeColor(), color);
-    form.Command4.PointerMove({});  // which speaks of the last category, not of results
-    EXPECT_NE(form.LabelTip.Caption().find("'Same Files'"), std::string::npos);
 }
 
-TEST_F(GridViewsTest, ARowShowsTheSidesThatTheViewSpeaksOf) {
-    const std::string date = platform::FormatFileTime(fakes::kOld);
-    const std::string left = "1.,a,1," + date, right = ",a,2," + date, none = ",,,";
-    const struct {
-        compare::ItemList& List;
-        platform::Label& Label;
-        compare::CompareItem Row;
-        std::string Cells;
-    } cases[] = {
-        {form.Table.NewList, form.LabelNewFile, Row(11, true, false), left + none},
-        {form.Table.NewList, form.LabelNewFile, Row(12, false, true), "1." + none + right},
-        {form.Table.NewList, form.LabelNewFile, Row(11), left + right},
-        {form.Table.NewChgList, form.LabelNewChgFile, Row(11), left + none},
-        {form.Table.NewChgList, form.LabelNewChgFile, Row(12), "1." + none + right},
-        {form.Table.NewChgList, form.LabelNewChgFile, Row(40, false, true), "1." + none + right},
-        {form.Table.NewChgList, form.LabelNewChgFile, Row(21), left + right},
-        {form.Table.ChgList, form.LabelChgFile, Row(11), left + right},
+TEST_F(GridTest, ThePathLineShowsWhereTheRowsFileIs) {
+    ShowRows(26);
+    form.Table.NewList[5].Bytes2 = 0;
+    form.VScroll1.Scroll(2);
+    for (const auto& [row, path] : {std::pair{2u, root1}, {3u, root2}, {24u, root2}}) {
+        Point(row);  // the last lies below the end of the list
+        EXPECT_EQ(form.TextFileName.Text(), path + "a");
+    }
+}
+
+TEST_F(GridTest, ALabelShowsItsListAndAfterASyncTheResults) {
+    for (const char* name : {"1/n", "1/s/no", "2/m", "2/s/no2"}) Put(name);
+    for (const char* name : {"c", "d", "same"}) PutBoth(name);
+    Put("1/c", fakes::kNew, 5);
+    Put("2/d", fakes::kNew);
+    files.RefusesCopy = [](const std::string& from, const std::string&) {
+        return from == "1/s/no" || from == "2/s/no2";
     };
-    for (const auto& [list, label, row, cells] : cases) {
-        list = {row};
+    const auto expectView = [this](platform::Label& label, const char* heading,
+                                   const Texts& directions) {
         label.Click();
-        std::string shown;
-        for (const auto column : ResultsGrid::kDataCells)
-            shown += (shown.empty() ? "" : ",") + (form.*column)[0].Caption();
-        EXPECT_EQ(shown, cells) << label.Name() << row.Code;
-    }
+        std::string shown = form.LabelShow.Caption() + ' ';
+        for (const platform::Label* mark :
+             {&form.LabelMark1, &form.LabelMark2, &form.LabelMark3, &form.LabelMark4})
+            shown += mark->Visible() ? '*' : '.';
+        EXPECT_EQ(shown, heading);
+        EXPECT_EQ(Column(form.sMAC), directions) << heading;
+    };
+    form.Command3.Click();
+    expectView(form.LabelChgFile, "Modified Files:  2 .*..", {"Replace -->", "<-- Replace"});
+    expectView(form.LabelAllFile, "Same Files:  1 ...*", {"---/---/---"});
+    const std::string old = platform::FormatFileTime(fakes::kOld),
+                      recent = platform::FormatFileTime(fakes::kNew);
+    expectView(form.LabelNewFile, "New Files:  4 *...",
+               {"Copy -->", "Copy -->", "<-- Copy", "<-- Copy"});
+    EXPECT_EQ(Shown(1), "2.,no,1," + old + ",,,");
+    EXPECT_EQ(Shown(2), "3.,,,,m,1," + old);
+    form.Table.NewChgList[1].Code = 40;
+    expectView(form.LabelNewChgFile, "New and Modified Files:  6 ..*.",
+               {"Copy -->", "---/---/---", "<-- Copy", "<-- Copy", "Replace -->", "<-- Replace"});
+    EXPECT_EQ(Shown(1), "2.,no,1," + old + ",,,");
+    EXPECT_EQ(Shown(2), "3.,,,,m,1," + old);
+    EXPECT_EQ(Shown(4), "5.,c,5," + recent + ",c,1," + old);
+    form.CheckShowPath1.Click();
+    EXPECT_EQ(form.sFile1[4].Caption() + form.sFile2[4].Caption(), root1 + "cc");
+    form.CheckShowPath2.Click();
+    EXPECT_EQ(form.sFile1[4].Caption() + form.sFile2[4].Caption(), root1 + 'c' + root2 + 'c');
+
+    form.Table.NewChgList[1].Code = 11;
+    form.Command4.Click();
+    expectView(form.LabelNewFile, "Sync from Folder 1 to 2:  2 *...", {"--> OK -->", "--> OK -->"});
+    expectView(form.LabelChgFile, "Modified Files:  2 .*..", {"Replace -->", "<-- Replace"});
+    expectView(form.LabelNewChgFile, "Sync Failed Files:  2 ..*.",
+               {"--> Fail -->", "<-- Fail <--"});
+    for (const std::size_t row : {0u, 1u}) EXPECT_EQ(form.sMAC[row].ForeColor(), kFailText);
+    expectView(
+        form.LabelAllFile, "Synchronized Files:  6 ...*",
+        {"--> OK -->", "--> Fail -->", "<-- OK <--", "<-- Fail <--", "--> OK -->", "<-- OK <--"});
+    EXPECT_EQ(form.sMAC[0].ForeColor(), kMarkText);
 }
 
-TEST_F(GridViewsTest, LabelsAreRedUnderThePointerBoldWhileHeldBlueAgainOverTheFrame) {
+TEST_F(GridTest, ALabelIsRedUnderThePointerBoldWhileHeldBlueAgainOverTheFrame) {
     for (platform::Label* around : {&form.Label5, &form.Label6, &form.Label7, &form.Label8,
                                     &form.Label10, &form.Label11, &form.Label12})
-        for (const char* name : {"LabelNewFile", "LabelChgFile", "LabelNewChgFile", "LabelAllFile",
-                                 "LabelFileFilter"}) {
-            platform::Control* label = form.Window.Find(name);
-            label->MouseDown();
-            EXPECT_TRUE(label->Bold());
-            label->MouseUp();
-            EXPECT_FALSE(label->Bold());
-            label->MouseDown();
+        for (platform::Label* label : {&form.LabelNewFile, &form.LabelFileFilter}) {
             label->PointerMove({});
+            label->MouseDown();
             EXPECT_EQ(label->ForeColor(), CategoryLabels::kPointedColor);
+            EXPECT_TRUE(label->Bold());
             around->PointerMove({});
             EXPECT_EQ(label->ForeColor(), CategoryLabels::kRestedColor);
             EXPECT_FALSE(label->Bold());
