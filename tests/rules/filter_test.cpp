@@ -14,32 +14,22 @@ namespace {
 using fakes::Texts;
 
 TEST(FileFilter, LooksForTheBareExtensionAnywhereInTheList) {
-    const struct {
-        const char* Extensions;
-        const char* Name;
-        bool Listed, ListedForCopy;
-    } cases[] = {
-        {"/txt", "a.txt", true, true},
-        {"/txt", "a.t", true, true},
-        {"/txt", "a.txtx", false, false},
-        {"/txt", "A.TXT", false, true},
-        {"/TXT", "a.Tx", false, true},
-        {"/txt", "name.", true, true},
-        {"/tar", "a.tar.gz", false, false},
-        {"/jpg/bmp", "a.bmp", true, true},
-        {"/jpg/bmp", "a.g/b", true, true},
-        {"/123456789", "a.123456789", true, true},
-        {"/1234567890", "a.1234567890", false, false},  // further from the end than is looked
-        {"/XXXXXXXX", "none", true, true},
-    };
-    for (const auto& c : cases) {
-        for (const bool only : {true, false}) {
-            EXPECT_EQ(PassesFileFilter({c.Extensions, only}, c.Name), c.Listed == only) << c.Name;
-            EXPECT_EQ(PassesCopyFilter({c.Extensions, only}, c.Name), c.ListedForCopy == only)
-                << c.Name;
-            EXPECT_TRUE(PassesFileFilter({"", only}, c.Name)) << "everything passes an empty list";
-            EXPECT_TRUE(PassesCopyFilter({"", only}, c.Name));
+    const Texts listed{"a.txt", "a.xt", "name.", "a.123456789"};
+    // The last one's lies further from the end than is looked.
+    const Texts notListed{"a.txtx", "a.tar.gz", "README", "a.1234567890"};
+    for (const bool only : {true, false}) {
+        const FileFilter filter{"/txt/tar/1234567890", only};
+        for (const std::string& name : listed) {
+            EXPECT_EQ(PassesFileFilter(filter, name), only) << name;
+            EXPECT_EQ(PassesCopyFilter(filter, name), only) << name;
         }
+        for (const std::string& name : notListed) {
+            EXPECT_NE(PassesFileFilter(filter, name), only) << name;
+            EXPECT_NE(PassesCopyFilter(filter, name), only) << name;
+        }
+        EXPECT_NE(PassesFileFilter(filter, "A.TXT"), only);
+        EXPECT_EQ(PassesCopyFilter(filter, "A.TXT"), only);
+        EXPECT_TRUE(PassesFileFilter({"", only}, "a") && PassesCopyFilter({"", only}, "a"));
     }
 }
 
@@ -50,94 +40,64 @@ class FilterDialogTest : public fakes::MainWindowTest {
         host.OnModal = [&](platform::Form&) { user(); };
         form.LabelFileFilter.Click();
     }
-    void Add(const std::string& typed) {
-        dialog.TextAddto.Paste(typed);
+    void Add(const std::string& pasted) {
+        dialog.TextAddto.Paste(pasted);
         dialog.Command1.Click();
-    }
-    void RemoveFirst() {
-        dialog.List1.Select(0);
-        dialog.Command2.Click();
-    }
-    void ExpectDescribed(const std::string& line, const std::string& toolTip) {
-        EXPECT_EQ(form.LabelFileFilter.Caption(), line);
-        EXPECT_EQ(form.LabelFileFilter.ToolTip(), toolTip);
     }
 
     FilterDialog& dialog = form.FilterDialog;
 };
 
-TEST_F(FilterDialogTest, ListsTheFiltersEntriesUntilTheyAreRemoved) {
+TEST_F(FilterDialogTest, EntriesAndModeAreEditedAndKeptByOkAlone) {
     EXPECT_EQ(fakes::LayoutFaults(dialog.FormFilter), Texts());
-    form.Filter = {"/jpg//bmp/jpg/a/b", true};
-    Edit([&] {
-        EXPECT_TRUE(host.IsShown(dialog.FormFilter));
+    form.Filter = {"/jpg//bmp/jpg/a", true};
+    Edit([this] {
         EXPECT_GT(dialog.FormFilter.Bounds.Top, form.Window.Bounds.Top);
-        EXPECT_EQ(dialog.List1.Entries(), (Texts{"jpg", "bmp", "a", "b"}));
+        EXPECT_EQ(dialog.List1.Entries(), (Texts{"jpg", "bmp", "a"}));
         EXPECT_TRUE(dialog.OptionOnly.Value());
         dialog.Command2.Click();  // none is selected
-        for (const auto& [entry, selectedAfter] : {std::pair{3, 2}, {1, 0}, {0, 0}}) {
-            dialog.List1.Select(entry);
-            dialog.Command2.Click();
-            EXPECT_EQ(dialog.List1.ListIndex(), selectedAfter);
-        }
-        dialog.OptionExc.Click();
-        dialog.FormFilter.OnActivate();  // comes back to the window
-        EXPECT_EQ(dialog.List1.Entries(), Texts{"a"});
-        EXPECT_TRUE(dialog.OptionExc.Value());
-    });
-}
-
-TEST_F(FilterDialogTest, AddTakesLettersAndDigitsSplitsLowersAndLeavesOutWhatIsThere) {
-    form.Filter.FilterExtensions = "/old";
-    Edit([&] {
+        dialog.List1.Select(2);
+        for (int i = 0; i < 2; ++i) dialog.Command2.Click();  // then the one before is selected
         dialog.TextAddto.Type("aZ.-_ 9,\b;/m");
         EXPECT_EQ(dialog.TextAddto.Text(), "aZ9,m");
         Add(" TXT, Doc ,,jpg,txt");
-        EXPECT_EQ(dialog.List1.Entries(), (Texts{"old", "txt", " doc ", "jpg"}));
-        Add("old,new");
-        EXPECT_EQ(dialog.List1.Entries().back(), "new");
-        Add(std::string(10000, ',') + "last,beyond");  // 10,001 pieces are looked at
-        EXPECT_EQ(dialog.List1.Entries().back(), "last");
-    });
-    EXPECT_FALSE(dialog.TextAddto.Accepts(U'é'));
-    for (const char32_t shortcut : {U'\x03', U'\x16', U'\x18'})  // copy, paste, cut
-        EXPECT_TRUE(dialog.TextAddto.Accepts(shortcut));
-}
-
-TEST_F(FilterDialogTest, OkTakesEntriesAndModeAndCancelForgetsThem) {
-    form.Combo1.Edit("  /a ");
-    Edit([this] {
-        dialog.OptionOnly.Click();
-        Add("JPG,bmp");
+        dialog.FormFilter.OnActivate();  // comes back to the window
+        EXPECT_EQ(dialog.List1.Entries(), (Texts{"jpg", "txt", " doc "}));
         dialog.CommandOK.Click();
     });
     Edit([this] {
         EXPECT_EQ(dialog.TextAddto.Text(), "");
         dialog.OptionExc.Click();
-        Add("txt");
+        Add("new");
         dialog.Command3.Click();
     });
-    const std::string only = "Only sync files with extensions:  .jpg .bmp";
-    ExpectDescribed(only, only);
-    EXPECT_EQ(registry.Values.rbegin()->second,
-              "/a==========" + fakes::FakeFiles::Path("2") + "==========/jpg/bmp==========-1");
+    EXPECT_EQ(form.LabelFileFilter.Caption(), "Only sync files with extensions:  .jpg .txt . doc ");
+    EXPECT_EQ(registry.Values.rbegin()->second, fakes::FakeFiles::Path("1") +
+                                                    "==========" + fakes::FakeFiles::Path("2") +
+                                                    "==========/jpg/txt/ doc ==========-1");
     Edit([this] {
-        RemoveFirst();
+        dialog.List1.Select(2);
+        dialog.Command2.Click();
         dialog.OptionExc.Click();
         dialog.CommandOK.Click();
     });
-    ExpectDescribed("Sync all files excluding:  .bmp", "Copy all files excluding:  .bmp");
+    EXPECT_EQ(form.LabelFileFilter.Caption(), "Sync all files excluding:  .jpg .txt");
+    EXPECT_EQ(form.LabelFileFilter.ToolTip(), "Copy all files excluding:  .jpg .txt");
     Edit([this] {
-        RemoveFirst();
+        dialog.List1.Select(0);
+        for (int i = 0; i < 2; ++i) dialog.Command2.Click();
         dialog.OptionOnly.Click();
         dialog.CommandOK.Click();
         EXPECT_EQ(TakeMessages(), Texts{"Please input the file extensions.   "});
-        EXPECT_EQ(form.Filter.FilterExtensions, "/bmp");
         dialog.OptionExc.Click();
+        EXPECT_TRUE(host.IsShown(dialog.FormFilter));
         dialog.CommandOK.Click();
         EXPECT_FALSE(host.IsShown(dialog.FormFilter));
     });
-    ExpectDescribed("Sync all type of file.", "Sync all type of file.");
+    EXPECT_EQ(form.LabelFileFilter.Caption(), "Sync all type of file.");
+    EXPECT_FALSE(dialog.TextAddto.Accepts(U'é'));
+    for (const char32_t shortcut : {U'\x03', U'\x16', U'\x18'})  // copy, paste, cut
+        EXPECT_TRUE(dialog.TextAddto.Accepts(shortcut));
 }
 
 }  // namespace

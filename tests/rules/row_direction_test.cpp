@@ -11,6 +11,8 @@ namespace {
 
 using fakes::kNew;
 using fakes::kOld;
+using fakes::Rows;
+using fakes::Texts;
 
 // New: n0 (Folder 1), n1 (Folder 2). Chg: c0, c1. Same: s0, s1.
 class RowDirectionTest : public fakes::MainWindowTest {
@@ -19,7 +21,8 @@ class RowDirectionTest : public fakes::MainWindowTest {
         for (const char* name : {"1/n0", "2/n1", "1/c0", "1/c1", "1/s0", "1/s1", "2/s1"}) Put(name);
         Put("1/c0", kNew, 9);
         Put("2/c0", kOld, 10);
-        Put("2/c1", kNew);
+        Put("1/c1", {kOld.Seconds, 1});
+        Put("2/c1", kOld);
         Put("2/s0", kOld, 2);
         form.Command3.Click();
     }
@@ -28,144 +31,91 @@ class RowDirectionTest : public fakes::MainWindowTest {
     void Open(platform::Label& view, std::size_t row) {
         view.Click();
         form.sMAC[row].Click();
-        EXPECT_TRUE(IsOpen());
+        EXPECT_TRUE(form.Picture3.Visible());
     }
-    bool IsOpen() const { return form.Picture3.Visible(); }
-
-    // What the panel says of the file of a side: path|age|date|size mark|size.
-    std::string File(const std::string& side) const {
+    // What the panel says of a side: path|age|date|size mark|size|what can be done, "*" when
+    // chosen.
+    std::string Said(const std::string& side) const {
         std::string said = fakes::FakeFiles::NameOf(form.Window.Find("TextN" + side)->ShownText());
         for (const char* part : {"1", "2", "3", "4"})
             said += '|' + form.Window.Find("LabelN" + side + part)->ShownText();
-        return said;
+        const platform::OptionButton& option = side == "1" ? form.Option1 : form.Option2;
+        return said + (option.Enabled() ? '|' + option.Caption() : "") +
+               (option.Value() ? "*" : "");
     }
-    // New|Chg|NewChg|Same
-    std::string Codes() const {
-        std::string codes;
-        for (const compare::ItemList* list : {&form.Table.NewList, &form.Table.ChgList,
-                                              &form.Table.NewChgList, &form.Table.SameList})
-            for (const compare::CompareItem& item : *list)
-                codes += std::to_string(item.Code) + (&item == &list->back() ? '|' : ' ');
-        return codes;
+    void Choose(platform::Label& view, std::size_t row, platform::OptionButton& option) {
+        Open(view, row);
+        option.Click();
+        form.Command2.Click();
+        EXPECT_FALSE(form.Picture3.Visible());
+        const std::string written = form.sMAC[row].Caption();
+        view.Click();
+        EXPECT_EQ(form.sMAC[row].Caption(), written) << "what the view says of the code";
     }
-
-    platform::Label& newFiles = form.LabelNewFile;
-    platform::Label& changed = form.LabelChgFile;
-    platform::Label& newChanged = form.LabelNewChgFile;
-    platform::Label& same = form.LabelAllFile;
 };
 
 TEST_F(RowDirectionTest, OpensBelowOrAboveARowThatHasADirection) {
-    newFiles.Click();
-    for (const char* caption : {"--> OK -->", "", "<-- Fail <--", "copy -->", "Copy --> "}) {
+    form.LabelNewFile.Click();
+    for (const char* caption : {"--> OK -->", ""}) {
         form.sMAC[3].SetCaption(caption);
         form.sMAC[3].Click();
-        EXPECT_FALSE(IsOpen()) << caption;
+        EXPECT_FALSE(form.Picture3.Visible()) << caption;
     }
-    EXPECT_EQ(form.sMAC[3].BackColor(), 0x008000u) << "selected";
     form.Table.SameList.assign(60, form.Table.SameList[0]);
-    for (const auto& [row, top] : {std::pair{0u, 2300}, {13u, 5420}, {14u, 3080}, {24u, 5480}}) {
-        Open(same, row);
+    for (const auto& [row, top] : {std::pair{13u, 5420}, {14u, 3080}}) {
+        Open(form.LabelAllFile, row);
         EXPECT_EQ(form.Picture3.Place().Top, top) << row;
     }
+    EXPECT_EQ(form.sMAC[14].BackColor(), 0x008000u) << "selected";
     form.VScroll1.Scroll(30);
     form.sMAC[7].Click();
     form.Option1.Click();
     form.Command2.Click();
     EXPECT_EQ(form.Table.SameList[37].Code, 21) << "counted from the top of the list";
-    EXPECT_EQ(form.sMAC[7].Caption(), "Replace -->");
 }
 
+// Sizes and times are compared as texts: "9" is larger than "10", and what lies within a second is
+// no newer.
 TEST_F(RowDirectionTest, ShowsTheFilesAndWhatCanBeDone) {
-    const std::string o = platform::FormatFileTime(kOld), n = platform::FormatFileTime(kNew);
-    const std::string none = "||||", n0 = "1/n0|New|" + o + "||1  byte",
-                      n1 = "2/n1|New|" + o + "||1  byte";
-    const std::string newer = "1/c0|Newer|" + n + "|Larger|9  byte",
-                      older = "2/c0|Older|" + o + "|Smaller|10  byte";
-    const struct {
-        platform::Label& View;
-        std::size_t Row;
-        std::string File1, File2;
-        const platform::OptionButton& Chosen;
-    } cases[] = {
-        {newFiles, 0, n0, none, form.Option1},
-        {newFiles, 1, none, n1, form.Option2},
-        {newChanged, 0, n0, none, form.Option1},
-        {newChanged, 1, none, n1, form.Option2},
-        {changed, 0, newer, older, form.Option1},
-        {newChanged, 3, "1/c1|Older|" + o + "||1  byte", "2/c1|Newer|" + n + "||1  byte",
-         form.Option2},
-        {same, 0, "1/s0||" + o + "||1  byte", "2/s0||" + o + "||2  byte", form.Option3},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.View.Name() + std::to_string(c.Row));
-        Open(c.View, c.Row);
-        EXPECT_EQ(File("1"), c.File1);
-        EXPECT_EQ(File("2"), c.File2);
-        EXPECT_TRUE(c.Chosen.Value());
-        EXPECT_EQ(form.Option1.Enabled(), c.File1 != none);
-        EXPECT_EQ(form.Option2.Enabled(), c.File2 != none);
-        const bool both = c.File1 != none && c.File2 != none;
-        EXPECT_EQ(form.Option1.Caption(),
-                  both ? "Replace File 2 with File 1 -->" : "Copy File 1 to Folder 2 -->");
-        EXPECT_EQ(form.Option2.Caption(),
-                  both ? "Replace File 1 with File 2 <--" : "Copy File 2 to Folder 1 <--");
-    }
+    const std::string old = platform::FormatFileTime(kOld), recent = platform::FormatFileTime(kNew);
+    Open(form.LabelNewFile, 0);
+    EXPECT_EQ(Said("1"), "1/n0|New|" + old + "||1  byte|Copy File 1 to Folder 2 -->*");
+    EXPECT_EQ(Said("2"), "||||");
+    Open(form.LabelNewChgFile, 1);
+    EXPECT_EQ(Said("1"), "||||");
+    EXPECT_EQ(Said("2"), "2/n1|New|" + old + "||1  byte|Copy File 2 to Folder 1 <--*");
+    Open(form.LabelChgFile, 1);
+    EXPECT_EQ(Said("1"), "1/c1|Older|" + old + "||1  byte|Replace File 2 with File 1 -->");
+    Open(form.LabelNewChgFile, 2);
+    EXPECT_EQ(Said("1"),
+              "1/c0|Newer|" + recent + "|Larger|9  byte|Replace File 2 with File 1 -->*");
+    Open(form.LabelNewChgFile, 3);
+    EXPECT_EQ(Said("2"), "2/c1|Newer|" + old + "||1  byte|Replace File 1 with File 2 <--*");
+    Open(form.LabelChgFile, 0);
+    EXPECT_EQ(Said("2"), "2/c0|Older|" + old + "|Smaller|10  byte|Replace File 1 with File 2 <--");
+    Open(form.LabelAllFile, 0);
+    EXPECT_EQ(Said("2"), "2/s0||" + old + "||2  byte|Replace File 1 with File 2 <--");
+    EXPECT_TRUE(form.Option3.Value());
 }
 
-// "100" sorts before "99", and the texts of times within one second are equal.
-TEST_F(RowDirectionTest, MarksAreComparedAsTexts) {
-    Put("1/c1", {kOld.Seconds, 1}, 100);
-    Put("2/c1", kOld, 99);
-    form.Command3.Click();
-    Open(changed, 1);
-    EXPECT_EQ(form.LabelN11.Caption() + form.LabelN13.Caption(), "OlderSmaller");
-    EXPECT_EQ(form.LabelN21.Caption() + form.LabelN23.Caption(), "NewerLarger");
-    form.Table.NewChgList[3].Code = 40;
-    Open(newChanged, 2);
-    Open(newChanged, 3);
-    EXPECT_EQ(form.LabelN11.Caption(), "Newer") << "of the panel's last opening";
-}
-
-TEST_F(RowDirectionTest, OkWritesTheChoiceWhereTheViewSays) {
-    const struct {
-        platform::Label& View;
-        std::size_t Row;
-        platform::OptionButton& Option;
-        const char* Codes;
-    } cases[] = {
-        {newFiles, 0, form.Option3, "40 12|21 22|40 12 21 22|0 0|"},
-        {newFiles, 0, form.Option1, "11 12|21 22|11 12 21 22|0 0|"},
-        {newFiles, 1, form.Option2, "11 12|21 22|11 12 21 22|0 0|"},
-        {changed, 1, form.Option1, "11 12|21 21|11 12 21 21|0 0|"},
-        {changed, 0, form.Option3, "11 12|40 21|11 12 40 21|0 0|"},
-        {same, 1, form.Option2, "11 12|40 21|11 12 40 21|0 22|"},
-        {newChanged, 0, form.Option3, "11 12|40 21|40 12 40 21|0 22|"},
-        {newChanged, 0, form.Option1, "11 12|40 21|11 12 40 21|0 22|"},
-        {newChanged, 2, form.Option1, "11 12|40 21|11 12 21 21|0 22|"},
-        {newChanged, 3, form.Option2, "11 12|40 21|11 12 21 22|0 22|"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.Codes);
-        Open(c.View, c.Row);
-        c.Option.Click();
-        EXPECT_EQ(form.Window.DefaultButton, &form.Command2);
-        form.Command2.Click();
-        EXPECT_FALSE(IsOpen());
-        EXPECT_EQ(Codes(), c.Codes);
-        const std::string written = form.sMAC[c.Row].Caption();
-        c.View.Click();
-        EXPECT_EQ(form.sMAC[c.Row].Caption(), written) << "what the view says of the code";
-    }
-    Open(changed, 1);
-    Open(changed, 0);
-    form.Option2.Click();
-    EXPECT_EQ(form.Window.CancelButton, &form.Command7);
-    form.Command7.Click();
-    EXPECT_FALSE(IsOpen());
-    EXPECT_EQ(Codes(), std::end(cases)[-1].Codes) << "cancelled";
+TEST_F(RowDirectionTest, OkWritesTheChoiceWhereTheViewSaysAndCancelNothing) {
+    Choose(form.LabelNewFile, 0, form.Option3);
+    Choose(form.LabelChgFile, 0, form.Option3);
+    Choose(form.LabelAllFile, 1, form.Option2);
+    EXPECT_EQ(Rows(form.Table.SameList), (Texts{"0 s0", "22 s1"}));
+    EXPECT_EQ(Rows(form.Table.NewChgList), (Texts{"40 n0", "12 n1", "40 c0", "22 c1"}));
+    Choose(form.LabelNewChgFile, 0, form.Option1);
+    Choose(form.LabelNewChgFile, 3, form.Option1);
     EXPECT_EQ(form.Window.DefaultButton, &form.Command3);
-    EXPECT_EQ(form.Window.CancelButton, nullptr);
+    Open(form.LabelNewChgFile, 2);
+    EXPECT_EQ(form.Window.DefaultButton, &form.Command2);
+    EXPECT_EQ(form.Window.CancelButton, &form.Command7);
+    form.Option2.Click();
+    form.Command7.Click();
+    EXPECT_FALSE(form.Picture3.Visible());
+    EXPECT_EQ(Rows(form.Table.NewChgList), (Texts{"11 n0", "12 n1", "40 c0", "21 c1"}));
+    EXPECT_EQ(Rows(form.Table.NewList), (Texts{"40 n0", "12 n1"}));
+    EXPECT_EQ(Rows(form.Table.ChgList), (Texts{"40 c0", "22 c1"}));
 }
 
 }  // namespace
