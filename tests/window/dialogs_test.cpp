@@ -18,7 +18,7 @@ TEST_F(DialogsTest, ABoxIsFilledByBrowsingOrTypingAndItsFolderOpened) {
     Files.MakeFolder("opened here");
     const std::string folder = Files.Path("opened here");
     const Program varnel("C:\\a , ");
-    const auto tree = [&] { return WaitForWindow(varnel.Id(), "#32770", "Browse for Folder"); };
+    const auto tree = [] { return WaitForWindow("#32770", "Browse for Folder"); };
     varnel.RunMenu("mnuFolder1");
     EndWindow(tree(), WM_COMMAND, IDCANCEL);
     EXPECT_EQ(varnel.Ask("Combo1"), "C:\\a");
@@ -31,7 +31,7 @@ TEST_F(DialogsTest, ABoxIsFilledByBrowsingOrTypingAndItsFolderOpened) {
     varnel.Point("ImageOpenFolder2");
     varnel.WaitFor("CmdOpenFolder2", "1", "visible");
     varnel.Click("CmdOpenFolder2");
-    EndWindow(WaitForWindow(0, nullptr, "opened here"), WM_CLOSE);
+    EndWindow(WaitForWindow(nullptr, "opened here"), WM_CLOSE);
 }
 
 TEST_F(DialogsTest, APairIsPickedByPointerAndKeysAndBringsItsFilter) {
@@ -73,12 +73,12 @@ TEST_F(DialogsTest, APairIsPickedByPointerAndKeysAndBringsItsFilter) {
 TEST_F(DialogsTest, TheFilterIsTypedAndTakenByEnter) {
     const Program varnel;
     varnel.Click("LabelFileFilter");
-    const Form filter(WaitForWindow(varnel.Id(), "FormFilter", "Edit File filter Rules"));
+    const Form filter(WaitForWindow("FormFilter", "Edit File filter Rules"));
     filter.WaitForFocus("OptionExc");
     EXPECT_FALSE(::IsWindowEnabled(varnel.Window()));
     filter.Click("OptionOnly");
     PressKey(VK_RETURN);  // OK
-    EXPECT_EQ(varnel.Answer(), "Varnel: Please input the file extensions.   ");
+    EXPECT_EQ(Answer(), "Varnel: Please input the file extensions.   ");
     filter.Type("TextAddto", "b*mp,txt");
     filter.WaitFor("TextAddto", "bmp,txt");  // what no extension holds is dropped
     filter.Click("Command1");
@@ -93,9 +93,9 @@ TEST_F(DialogsTest, TheFilterIsTypedAndTakenByEnter) {
     PressKey(VK_RETURN);
     varnel.WaitFor("LabelFileFilter", "Only sync files with extensions:  .bmp");
     varnel.Point("LabelFileFilter");
-    WaitForWindow(varnel.Id(), "tooltips_class32", "");
+    WaitForWindow("tooltips_class32");
     varnel.Click("LabelFileFilter");
-    WaitForWindow(varnel.Id(), "FormFilter", "");
+    WaitForWindow("FormFilter");
     PressKey(VK_ESCAPE);
     varnel.WaitForQuiet();
 }
@@ -107,19 +107,19 @@ TEST_F(DialogsTest, AReportIsSavedWhereTheDialogSaysAndOpensInNotepad) {
     varnel.Compare();
     const auto save = [&] {
         varnel.RunMenu("mnuExportSame");
-        varnel.AnswerFileName("Export file name to a text file", Files.Path("a größe"));
+        AnswerFileName("Export file name to a text file", Files.Path("a größe"));
     };
     save();
-    EXPECT_EQ(varnel.Answer(IDNO), "Information: The same filename exist, overwrite it?");
+    EXPECT_EQ(Answer(IDNO), "Information: The same filename exist, overwrite it?");
     EXPECT_EQ(Files.Read("a größe.txt"), "what was there");
     save();
-    varnel.Answer(IDYES);
-    EXPECT_EQ(varnel.Answer(),
+    Answer(IDYES);
+    EXPECT_EQ(Answer(),
               "File Saved: Same files name has export to file: " + Files.Path("a größe.txt"));
     EXPECT_EQ(Files.Read("a größe.txt")->find("what was there"), std::string::npos);
     varnel.RunMenu("mnuOpen");
-    varnel.AnswerFileName("Select a text file", Files.Path("a größe.txt"));
-    EndWindow(WaitForWindow(0, "Notepad", "a größe"), WM_CLOSE);
+    AnswerFileName("Select a text file", Files.Path("a größe.txt"));
+    EndWindow(WaitForWindow("Notepad", "a größe"), WM_CLOSE);
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ TEST_F(RunTest, DoubleSyncBringsOverWhatItCanAndLeavesTheRestAsItWas) {
                                                          GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0,
                                                          nullptr));
         varnel.Click("Command4");
-        EXPECT_EQ(varnel.Answer(),
+        EXPECT_EQ(Answer(),
                   "Varnel: Synchronization  'New and Modified Files'  completed.      \r\n\r\n"
                   "Succeed:   5  Files.\r\nFail:   1  Files.");
     }
@@ -60,7 +60,7 @@ TEST_F(RunTest, ASyncKeepsTheWindowAliveAndIsStoppedOrClosed) {
     MovePointer(MiddleOf(row));
     WaitForColor({row.left, row.top}, kHovered);
     varnel.Click("Command9");
-    EXPECT_EQ(varnel.Answer(), "Varnel: Synchronization User Canceled.      ");
+    EXPECT_EQ(Answer(), "Varnel: Synchronization User Canceled.      ");
     expectWholeCopies();
     EXPECT_EQ(varnel.Ask("LabelAllFile"), "Sync Total ( " + std::to_string(copied) + " ) ");
 

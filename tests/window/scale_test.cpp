@@ -8,7 +8,9 @@ constexpr char kDesktop[] = "Control Panel\\Desktop", kDpi[] = "LogPixels";
 
 class ScaleTest : public WindowTest {
   protected:
-    void TearDown() override { ::RegDeleteKeyValueA(HKEY_CURRENT_USER, kDesktop, kDpi); }
+    void TearDown() override {
+        if (!IsSkipped()) ::RegDeleteKeyValueA(HKEY_CURRENT_USER, kDesktop, kDpi);
+    }
 };
 
 TEST_F(ScaleTest, TheWindowHasItsSizeAndRowsFillTheirPixels) {
@@ -32,8 +34,6 @@ TEST_F(ScaleTest, TheWindowHasItsSizeAndRowsFillTheirPixels) {
         EXPECT_NE(ColorAt({x, cell.top - 1}), kSelected) << x;
         EXPECT_NE(ColorAt({x, cell.bottom}), kSelected) << x;
     }
-    varnel.Point("Picture1");
-    WaitForColor({pointed.left, pointed.top}, kPlain);
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ TEST_F(StartTest, TakesThePairOfTheCommandLine) {
         EXPECT_EQ(varnel.Ask("Combo1"), "C:\\a größe 日本");
         EXPECT_EQ(varnel.Ask("Combo2"), "D:\\too");
         varnel.Click("Command3");
-        EXPECT_EQ(varnel.Answer(), "Varnel: Folder 1 did not exist!    ");
+        EXPECT_EQ(Answer(), "Varnel: Folder 1 did not exist!    ");
     }
 }
 
@@ -32,7 +32,7 @@ TEST_F(StartTest, TheKeyboardReachesEverything) {
     PressKey(VK_TAB, VK_SHIFT);
     varnel.WaitForFocus("Command5");
     PressKey(VK_SPACE);  // synchronises; the button is hidden meanwhile
-    varnel.Answer();
+    Answer();
     varnel.WaitForFocus("Command5");
     PressKey(VK_F10);
     PressKey('F');

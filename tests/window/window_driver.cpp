@@ -73,17 +73,13 @@ POINT MiddleOf(const RECT& area) {
     return {(area.left + area.right) / 2, (area.top + area.bottom) / 2};
 }
 
-HWND WaitForWindow(DWORD process, const char* windowClass, const std::string& title) {
+HWND WaitForWindow(const char* windowClass, const std::string& title) {
     HWND window = nullptr;
     WaitUntil("a window " + title, [&] {
-        while ((window = ::FindWindowExA(nullptr, window, windowClass, nullptr))) {
-            DWORD owner = 0;
-            ::GetWindowThreadProcessId(window, &owner);
-            if (::IsWindowVisible(window) && (process == 0 || owner == process) &&
-                TextOf(window).find(title) != std::string::npos)
-                return true;
-        }
-        return false;
+        do window = ::FindWindowExA(nullptr, window, windowClass, nullptr);
+        while (window &&
+               (!::IsWindowVisible(window) || TextOf(window).find(title) == std::string::npos));
+        return window != nullptr;
     });
     return window;
 }
@@ -91,6 +87,21 @@ HWND WaitForWindow(DWORD process, const char* windowClass, const std::string& ti
 void EndWindow(HWND window, UINT message, WPARAM word) {
     ::PostMessageW(window, message, word, 0);
     WaitUntil("a window to close", [window] { return !::IsWindowVisible(window); });
+}
+
+std::string Answer(WPARAM button) {
+    const HWND dialog = WaitForWindow("#32770");
+    const std::string said = TextOf(dialog) + ": " + TextOf(::GetDlgItem(dialog, 0xFFFF));
+    EndWindow(dialog, WM_COMMAND, button);
+    return said;
+}
+
+void AnswerFileName(const std::string& title, std::string_view path) {
+    const HWND dialog = WaitForWindow("#32770", title);
+    HWND field = ::GetDlgItem(dialog, 0x47C);  // on some systems within a combo box
+    while (const HWND inner = ::GetWindow(field, GW_CHILD)) field = inner;
+    ::SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(path).c_str()));
+    EndWindow(dialog, WM_COMMAND, IDOK);
 }
 
 std::string Form::Ask(std::string_view name, const std::string& key) const {
@@ -164,7 +175,7 @@ void Form::RunMenu(std::string_view name) const {
 
 Program::Program(const std::string& arguments) : Program(StartProgram(arguments)) {
     MovePointer({::GetSystemMetrics(SM_CXSCREEN) - 1, ::GetSystemMetrics(SM_CYSCREEN) - 1});
-    window_ = WaitForWindow(Id(), "FormMain", " Varnel ,  Version 8.12");
+    window_ = WaitForWindow("FormMain", " Varnel ,  Version 8.12");
     WaitForQuiet();
     WaitForFocus("Combo1");
     // By then the program has heard what the screen tells of a new window.
@@ -190,21 +201,6 @@ void Program::Compare() const {
     Click("Command3");
     WaitUntil("the result of the comparison",
               [&] { return Ask("LabelShow") != before && Ask("Command3") == "Compare"; });
-}
-
-std::string Program::Answer(WPARAM button) const {
-    const HWND dialog = WaitForWindow(Id(), "#32770", "");
-    const std::string said = TextOf(dialog) + ": " + TextOf(::GetDlgItem(dialog, 0xFFFF));
-    EndWindow(dialog, WM_COMMAND, button);
-    return said;
-}
-
-void Program::AnswerFileName(const std::string& title, std::string_view path) const {
-    const HWND dialog = WaitForWindow(Id(), "#32770", title);
-    HWND field = ::GetDlgItem(dialog, 0x47C);  // on some systems within a combo box
-    while (const HWND inner = ::GetWindow(field, GW_CHILD)) field = inner;
-    ::SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(path).c_str()));
-    EndWindow(dialog, WM_COMMAND, IDOK);
 }
 
 }  // namespace window

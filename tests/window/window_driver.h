@@ -25,12 +25,17 @@ std::string TextOf(HWND window);
 RECT AreaOf(HWND window);  // in pixels of the screen
 POINT MiddleOf(const RECT& area);
 
-// Waits for the visible window of a process (any if it is 0) that has this class (any if it is
-// null) and this part in its title.
-HWND WaitForWindow(DWORD process, const char* windowClass, const std::string& title);
+// Waits for a visible window that has this class (any if it is null) and this part in its title.
+HWND WaitForWindow(const char* windowClass, const std::string& title = {});
 
 // Posts the message that ends a window, and returns when it is gone.
 void EndWindow(HWND window, UINT message, WPARAM word = 0);
+
+// Presses a button (IDOK, IDYES, IDNO) of a message box. Returns its title, a colon, its text.
+std::string Answer(WPARAM button = IDOK);
+
+// Enters a name into a file dialog and accepts it.
+void AnswerFileName(const std::string& title, std::string_view path);
 
 // One of the program's windows with controls of fixed names.
 class Form {
@@ -75,17 +80,10 @@ class Program : public Form {
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    DWORD Id() const { return ::GetProcessId(process_.Get()); }
     DWORD WaitForEnd() const;  // its exit status
 
     // Clicks Compare and waits for the result, whose heading must be another one than before.
     void Compare() const;
-
-    // Presses a button (IDOK, IDYES, IDNO) of a message box. Returns its title, a colon, its text.
-    std::string Answer(WPARAM button = IDOK) const;
-
-    // Enters a name into a file dialog and accepts it.
-    void AnswerFileName(const std::string& title, std::string_view path) const;
 
   private:
     explicit Program(HANDLE process) : Form(nullptr), process_(process) {}

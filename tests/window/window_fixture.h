@@ -14,7 +14,7 @@ namespace window {
 inline constexpr char kHistory[] = "SOFTWARE\\SystemInfoFolderCS1993";
 
 // The backs of rows of the grid.
-inline constexpr COLORREF kPlain = 0xFFFFC0, kHovered = 0xFFFF80, kSelected = 0x008000;
+inline constexpr COLORREF kHovered = 0xFFFF80, kSelected = 0x008000;
 
 // The folders "1" and "2" in a folder of the test.
 class WindowTest : public testing::Test {
