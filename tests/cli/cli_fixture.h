@@ -1,6 +1,6 @@
 // What every test of the program starts from: a temporary folder with the two folders to compare,
-// "one" and "two", and the program's own configuration folder beside them. The test and the program
-// work in it: paths are relative to it.
+// "one" and "two". The test and the program work in it, so paths are relative to it, and it is
+// their home: the history is kept in its ".config".
 #pragma once
 
 #include <cstdint>
@@ -48,8 +48,7 @@ class CliTest : public testing::Test, protected fakes::TempFolder {
     static void Expect(const std::string& arguments, int status, const std::string& output,
                        const std::string& error);
 
-    // For Launch::First: gives the current folder to a user whom permissions bind, and is that
-    // user.
+    // For Launch::First: gives up root's rights, and the folder to who goes on without them.
     static void BecomeNobody();
 
     // The text kept in a slot of the history store, "(none)" where there is none.

@@ -77,16 +77,5 @@ TEST_F(ChangingFiles, AFolderOrARootThatGoesAwayTakesNothingWithIt) {
     }
 }
 
-TEST_F(ChangingFiles, ARootThatIsGoneWhenItIsOpenedIsNamed) {
-    const std::string root = One() + '/';
-    const auto plan = [&](const Moment& now) {
-        const bool opens = now.Call == SYS_openat && now.Path == root;
-        return opens ? ShellBefore(now, "rm -r one") : std::vector<Act>();
-    };
-    Disturb(Sync(), 1, plan, [&](const cli::Ended& run, const Moment&) {
-        EXPECT_NE(run.Error.find("cannot read folder '" + root), run.Error.npos) << run.Error;
-    });
-}
-
 }  // namespace
 }  // namespace reliability

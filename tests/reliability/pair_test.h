@@ -151,9 +151,7 @@ class PairTest : public cli::CliTest {
             });
             if (!disturbed) continue;  // folders listed in another order may make a call less
             SCOPED_TRACE(testing::Message()
-                         << "run " << i << (disturbed->After ? ", after" : ", before")
-                         << " system call " << disturbed->Call << " at moment "
-                         << disturbed->Index);
+                         << "system call " << disturbed->Call << " at moment " << disturbed->Index);
             EXPECT_TRUE(run.Status == -SIGKILL || (run.Status >= 0 && run.Status <= 2))
                 << run.Status;
             examine(run, *disturbed);
