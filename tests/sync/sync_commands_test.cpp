@@ -115,6 +115,7 @@ TEST(SyncCommands, EachViewsRowsAsTheirDirectionsInItSay) {
         window.form.Window.Find(label)->Click();
         window.form.Command4.Click();
         EXPECT_EQ(window.files.Copies, copies) << label;
+        EXPECT_EQ(table.SyncAllList.size(), copies.size());
         EXPECT_EQ(Rows(table.NewChgList), kRows);
     }
 }
