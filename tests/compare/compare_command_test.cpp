@@ -154,9 +154,10 @@ TEST_F(ComparisonTest, SyncAfterCompareTakesWhatWasFoundWithoutAQuestion) {
     form.Command3.Click();
     EXPECT_EQ(TakeMessages(), Texts()) << "nothing to do";
     for (const char* name : {"1/n1", "1/s/n2", "1/s/n3"}) Put(name);
-    AtEveryYield([this](long long) {
-        if (form.LabelNewFile.Caption() == "New Files ( 2 ) ") form.Command3.Click();
-    });
+    host.OnYield = [this](long long) {
+        if (!form.Table.StopRequested && form.LabelNewFile.Caption() == "New Files ( 2 ) ")
+            form.Command3.Click();
+    };
     form.Command3.Click();
     EXPECT_EQ(TakeMessages(), Texts{"Synchronization  'New and Modified Files'  completed.      "
                                     "\r\n\r\nSucceed:   2  Files."});
