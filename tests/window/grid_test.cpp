@@ -19,7 +19,9 @@ TEST_F(GridTest, WheelKeysAndBarScroll) {
         MovePointer(varnel.PlaceOf("Picture2"), MOUSEEVENTF_WHEEL, turned * WHEEL_DELTA);
         waitForTopRow(top);
     }
-    varnel.Click("sFile1(3)");  // from here on the keys scroll
+    MovePointer(varnel.PlaceOf("LabelAllFile"), MOUSEEVENTF_LEFTDOWN);
+    MovePointer(varnel.PlaceOf("Picture2"), MOUSEEVENTF_LEFTUP);  // no click on either
+    varnel.Click("sFile1(3)");                                    // from here on the keys scroll
     const std::pair<BYTE, int> keys[] = {{VK_END, 36},  {VK_HOME, 1}, {VK_DOWN, 2},
                                          {VK_NEXT, 27}, {VK_UP, 26},  {VK_PRIOR, 1}};
     for (const auto& [key, top] : keys) {
@@ -58,6 +60,8 @@ TEST_F(GridTest, ThePanelStandsBeforeTheGridAndIsWorkedByPointerAndKeys) {
     varnel.Click("Option3");
     varnel.Click("Command2");
     varnel.WaitFor("sMAC(0)", "---/---/---");
+    varnel.Click("LabelAllFile");
+    varnel.WaitFor("LabelShow", "Same Files:  1");
 }
 
 }  // namespace

@@ -89,10 +89,10 @@ void EndWindow(HWND window, UINT message, WPARAM word) {
     WaitUntil("a window to close", [window] { return !::IsWindowVisible(window); });
 }
 
-std::string Answer(WPARAM button) {
+std::string Answer(int button) {
     const HWND dialog = WaitForWindow("#32770");
     const std::string said = TextOf(dialog) + ": " + TextOf(::GetDlgItem(dialog, 0xFFFF));
-    EndWindow(dialog, WM_COMMAND, button);
+    EndWindow(::GetDlgItem(dialog, button), BM_CLICK);
     return said;
 }
 

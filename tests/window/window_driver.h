@@ -32,7 +32,7 @@ HWND WaitForWindow(const char* windowClass, const std::string& title = {});
 void EndWindow(HWND window, UINT message, WPARAM word = 0);
 
 // Presses a button (IDOK, IDYES, IDNO) of a message box. Returns its title, a colon, its text.
-std::string Answer(WPARAM button = IDOK);
+std::string Answer(int button = IDOK);
 
 // Enters a name into a file dialog and accepts it.
 void AnswerFileName(const std::string& title, std::string_view path);
