@@ -154,7 +154,8 @@ TEST(RunningCommand, AnExportIsOneAndHoveringGoesOn) {
     });
     window.ClickMenu("mnuExportNew");
     EXPECT_EQ(window.TakeMessages(), Texts()) << "nobody is there to read that it is saved";
-    EXPECT_TRUE(folder.Exists("report.txt") && window.host.ShownForms.empty());
+    EXPECT_EQ(folder.Names(), Texts{"report.txt"});
+    EXPECT_TRUE(window.host.ShownForms.empty());
     EXPECT_TRUE(window.files.Copies.empty());
 }
 

@@ -24,15 +24,6 @@ void MainWindow::AtYield(long long n, std::function<void()> act) {
     };
 }
 
-void MainWindow::AtEveryYield(std::function<void(long long)> act) {
-    host.Yields = 0;
-    host.OnYield = [acting = false, act = std::move(act)](long long yield) mutable {
-        if (std::exchange(acting, true)) return;
-        act(yield);
-        acting = false;
-    };
-}
-
 Texts MainWindow::TakeMessages() {
     Texts texts;
     for (; messagesTaken_ < dialogs.Messages.size(); ++messagesTaken_)

@@ -16,8 +16,8 @@
 
 namespace fakes {
 
-inline const platform::FileTime kOld = Time("2020-01-02 03:04:05 UTC");
-inline const platform::FileTime kNew = Time("2021-01-02 03:04:05 UTC");
+inline constexpr platform::FileTime kOld = At(1577934245);  // 2020-01-02 03:04:05 UTC
+inline constexpr platform::FileTime kNew = At(1609556645);  // a year later
 
 using Texts = std::vector<std::string>;
 
@@ -39,10 +39,8 @@ struct MainWindow {
     }
     void ClickMenu(std::string_view name) const;
 
-    // Calls `act` at the n-th yield from now, counted from 1; or at every one, but not from within
-    // itself.
+    // Calls `act` at the n-th yield from now, counted from 1.
     void AtYield(long long n, std::function<void()> act);
-    void AtEveryYield(std::function<void(long long)> act);
 
     // The texts of the messages shown since the last call.
     Texts TakeMessages();

@@ -1,14 +1,9 @@
 #include "fakes/temp_folder.h"
 
 #include <algorithm>
-#include <chrono>
-#include <cmath>
-#include <ctime>
 #include <filesystem>
-#include <iomanip>
 #include <iterator>
 #include <random>
-#include <sstream>
 #include <stdexcept>
 
 #include "platform/files.h"
@@ -73,10 +68,6 @@ std::optional<std::string> TempFolder::Read(std::string_view relative) const {
     return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
-bool TempFolder::Exists(std::string_view relative) const {
-    return files.FolderExists(Path(relative)) || files.Look(Path(relative)).Exists();
-}
-
 std::vector<std::string> TempFolder::Names(std::string_view relative) const {
     platform::Outcome outcome;
     platform::TextArena arena;
@@ -86,21 +77,6 @@ std::vector<std::string> TempFolder::Names(std::string_view relative) const {
     for (const platform::FolderEntry& entry : listing.Entries) names.emplace_back(entry.Text());
     std::sort(names.begin(), names.end());
     return names;
-}
-
-platform::FileTime Time(const char* text) {
-    std::istringstream stream(text);
-    std::tm fields{};
-    double fraction = 0;
-    stream >> std::get_time(&fields, "%Y-%m-%d %H:%M:%S");
-    if (stream.peek() == '.') stream >> fraction;
-    if (std::string rest; !std::getline(stream, rest) || rest != " UTC")
-        throw std::invalid_argument(text);
-    const std::chrono::sys_days date{std::chrono::year(fields.tm_year + 1900) /
-                                     (fields.tm_mon + 1) / fields.tm_mday};
-    return {date.time_since_epoch().count() * 86400LL + fields.tm_hour * 3600 + fields.tm_min * 60 +
-                fields.tm_sec + platform::kUnixOrigin,
-            static_cast<std::int32_t>(std::lround(fraction * 1e9))};
 }
 
 }  // namespace fakes

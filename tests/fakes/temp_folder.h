@@ -44,9 +44,6 @@ class TempFolder {
     // A file's bytes; nothing when it is missing or a folder.
     std::optional<std::string> Read(std::string_view relative) const;
 
-    // A file, a folder or a link to one.
-    bool Exists(std::string_view relative) const;
-
     // What stands in a folder, sorted.
     std::vector<std::string> Names(std::string_view relative = {}) const;
 
@@ -56,7 +53,9 @@ class TempFolder {
     std::string root_;
 };
 
-// "2020-01-02 03:04:05 UTC"; up to nine digits may follow the seconds after a point.
-platform::FileTime Time(const char* text);
+// A moment: seconds from 1970, UTC.
+constexpr platform::FileTime At(std::int64_t seconds, std::int32_t nanoseconds = 0) {
+    return {seconds + platform::kUnixOrigin, nanoseconds};
+}
 
 }  // namespace fakes

@@ -69,21 +69,21 @@ TEST_F(FilesTest, CopiesCarryContentAndExactTimeAndLeaveNothingElse) {
     const struct {
         const char* Target;
         std::size_t Size;
-        const char* Time;
-    } cases[] = {{"new/ blank in front", 0, "1969-12-31 23:59:59.9 UTC"},
-                 {"new/er/.hidden", 1, "1970-01-01 00:00:00 UTC"},
-                 {"new/no extension", 131'072, "1999-12-31 23:59:59.9999999 UTC"},
-                 {"old/x.tar.gz", 131'073, "2024-03-10 12:34:56.1234567 UTC"},
-                 {"old/ünï 日本 😀", 20'000'003, "2040-02-29 01:02:03.0000001 UTC"}};
+        platform::FileTime Time;
+    } cases[] = {{"new/ blank in front", 0, fakes::At(-1, 900'000'000)},
+                 {"new/er/.hidden", 1, fakes::At(0)},
+                 {"new/no extension", 131'072, fakes::At(946'684'799, 999'999'900)},
+                 {"old/x.tar.gz", 131'073, fakes::At(1'710'074'096, 123'456'700)},
+                 {"old/ünï 日本 😀", 20'000'003, fakes::At(2'214'003'723, 100)}};
     for (const char* target : {cases[3].Target, cases[4].Target})
         temp_.WriteFile(target, std::string(200'000, 'x'));
     for (const auto& [target, size, time] : cases) {
         std::string content(size, '\0');
         for (std::size_t i = 0; i < size; ++i) content[i] = static_cast<char>(i * 7 + i / 251);
-        temp_.WriteFile("a/source", content, fakes::Time(time));
+        temp_.WriteFile("a/source", content, time);
         EXPECT_EQ(Copy("a/..//a/./source", target).Reason, "") << target;
         EXPECT_TRUE(temp_.Read(target) == content) << target;
-        EXPECT_EQ(files_.Look(temp_.Path(target)).Time, fakes::Time(time)) << target;
+        EXPECT_EQ(files_.Look(temp_.Path(target)).Time, time) << target;
     }
     EXPECT_EQ(temp_.Names("new"), (Names{" blank in front", "er", "no extension"}));
     EXPECT_EQ(temp_.Names("old"), (Names{"x.tar.gz", "ünï 日本 😀"}));
@@ -103,6 +103,22 @@ TEST_F(FilesTest, CopiesRefusedLeaveEverythingAsItWas) {
     EXPECT_EQ(temp_.Names("folder"), Names{"inside"});
     EXPECT_EQ(temp_.Read("source"), "new");
     EXPECT_EQ(temp_.Read("target"), "old");
+}
+
+TEST_F(FilesTest, ASourceOrTargetThatChangesDuringTheCopyFailsIt) {
+    const struct {
+        const char *Target, *Left;
+        std::function<void()> Change;
+    } cases[] = {{"old", "old", [this] { temp_.SetTime("source", fakes::At(1'600'000'000)); }},
+                 {"old", "other", [this] { temp_.WriteFile("old", "other"); }},
+                 {"new", "other", [this] { temp_.WriteFile("new", "other"); }}};
+    for (const auto& [target, left, change] : cases) {
+        temp_.WriteFile("source", std::string(40'000'000, 'x'));
+        temp_.WriteFile("old", "old");
+        EXPECT_FALSE(Copy("source", target, change).Ok()) << target;
+        EXPECT_EQ(temp_.Read(target), left);
+    }
+    EXPECT_EQ(temp_.Names(), (Names{"new", "old", "source"}));
 }
 
 TEST_F(FilesTest, LeftoversOfCopiesAreRemovedAndNothingElseIs) {

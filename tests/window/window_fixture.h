@@ -33,7 +33,7 @@ class WindowTest : public testing::Test {
     void PutSmallPair() const {
         for (const char* name : {"1/new1.txt", "1/sub/new2.txt", "2/only2.txt", "2/chg-right.txt",
                                  "1/chg-left.txt", "1/same.txt", "2/same.txt"})
-            Files.WriteFile(name, "as it was", fakes::Time("2020-01-02 03:04:05 UTC"));
+            Files.WriteFile(name, "as it was", fakes::At(1577934245));
         for (const char* name : {"1/chg-right.txt", "2/chg-left.txt"})
             Files.WriteFile(name, "newer");
     }

@@ -22,7 +22,7 @@ TEST_F(PosixFilesTest, CopiesKeepPermissionBitsNanosecondsAndHoles) {
     fs::resize_file(source_, 2 << 20);
     std::ofstream(source_, std::ios::app) << "back";
     fs::resize_file(source_, 4 << 20);
-    temp_.SetTime("source", fakes::Time("2020-01-01 00:00:00.123456789 UTC"));
+    temp_.SetTime("source", fakes::At(1'577'836'800, 123'456'789));
     SetMode("source", 0457);
     EXPECT_EQ(Copy("source", "target").Reason, "");
     struct stat copied {};
@@ -53,39 +53,6 @@ TEST_F(PosixFilesTest, OnlyOrdinaryFilesAreReadAndReplaced) {
     EXPECT_TRUE(Copy("link", "copy").Ok()) << "a source may be a link";
     EXPECT_FALSE(fs::is_symlink(temp_.Path("copy")));
     EXPECT_EQ(temp_.Read("copy"), "old");
-}
-
-TEST_F(PosixFilesTest, WhatHappensDuringALongCopy) {
-    const std::string content(40'000'000, 'x');
-    const struct {
-        const char *What, *Target;
-        std::function<void()> Act;
-        std::string Left;
-    } cases[] = {
-        {"somebody tidies up", "old",
-         [&] {
-             for (const std::string& name : temp_.Names()) files_.RemoveLeftover(temp_.Path(name));
-         },
-         content},
-        {"source shrinks", "old", [&] { fs::resize_file(source_, 1000); }, "old"},
-        {"source touched", "old",
-         [&] { temp_.SetTime("source", fakes::Time("2021-01-02 00:00:00 UTC")); }, "old"},
-        {"target changes", "old", [&] { temp_.WriteFile("old", "other"); }, "other"},
-        {"target comes up", "new", [&] { temp_.WriteFile("new", "other"); }, "other"},
-    };
-    for (const auto& [what, target, act, left] : cases) {
-        SCOPED_TRACE(what);
-        temp_.WriteFile("source", content);
-        temp_.WriteFile("old", "old");
-        bool acted = false;
-        const auto outcome = Copy("source", target, [&] {
-            if (!std::exchange(acted, true)) act();
-        });
-        EXPECT_TRUE(acted);
-        EXPECT_EQ(outcome.Ok(), left == content) << outcome.Reason;
-        EXPECT_TRUE(temp_.Read(target) == left);
-    }
-    EXPECT_EQ(temp_.Names(), (Names{"new", "old", "source"}));
 }
 
 TEST_F(PosixFilesTest, WithoutTheRightThereIsAReasonAndNoChange) {
