@@ -9,7 +9,6 @@
 
 #include <gtest/gtest.h>
 
-#include "cli/output_text.h"
 #include "cli/run_cli.h"
 #include "fakes/temp_folder.h"
 

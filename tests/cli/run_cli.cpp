@@ -1,5 +1,8 @@
 #include "cli/run_cli.h"
 
+#include <iterator>
+#include <sstream>
+
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <pty.h>
@@ -42,6 +45,19 @@ std::string Read(const Descriptor& file) {
 }
 
 }  // namespace
+
+Texts Lines(const std::string& text) {
+    std::istringstream stream(text);
+    Texts lines;
+    for (std::string line; std::getline(stream, line);) lines.push_back(line);
+    return lines;
+}
+
+Texts Words(const std::string& text) {
+    std::istringstream stream(text);
+    using Word = std::istream_iterator<std::string>;
+    return {Word(stream), Word()};
+}
 
 Ended RunCli(const Launch& launch) {
     Descriptor streams[3];

@@ -9,8 +9,16 @@
 
 namespace cli {
 
+using Texts = std::vector<std::string>;
+
+// Lines without their line feeds; text after the last line feed is a line, too.
+Texts Lines(const std::string& text);
+
+// What stands between blanks.
+Texts Words(const std::string& text);
+
 struct Launch {
-    std::vector<std::string> Arguments = {};
+    Texts Arguments = {};
     std::set<int> OnTerminal = {};     // of its three streams; the others are files, empty as input
     std::string Typed = {};            // on the terminal
     std::function<void()> First = {};  // what the new process does before it is the program
