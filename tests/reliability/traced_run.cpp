@@ -11,8 +11,6 @@
 #include <sys/user.h>
 #include <sys/wait.h>
 
-#include "cli/output_text.h"
-
 namespace reliability {
 
 namespace {
