@@ -56,9 +56,16 @@ TEST_F(RunTest, ASyncKeepsTheWindowAliveAndIsStoppedOrClosed) {
     varnel.Compare();
     varnel.Click("Command5");
     waitForCopies();
-    const RECT row = varnel.Area("sFile1(7)");
+    const RECT row = varnel.Area("sFile1(7)"), countdown = varnel.Area("lblComparing");
     MovePointer(MiddleOf(row));
     WaitForColor({row.left, row.top}, kHovered);
+    const auto line = [&countdown] {  // through the countdown, as the screen has it
+        std::vector<COLORREF> colors;
+        for (LONG x = countdown.left; x < countdown.right; ++x)
+            colors.push_back(ColorAt({x, MiddleOf(countdown).y}));
+        return colors;
+    };
+    WaitUntil("the countdown to go on", [&, before = line()] { return line() != before; });
     varnel.Click("Command9");
     EXPECT_EQ(Answer(), "Varnel: Synchronization User Canceled.      ");
     expectWholeCopies();
