@@ -43,13 +43,9 @@ FormKeyboard::FormKeyboard(Form& form, HWND window, const ControlWindows& contro
     : form_(form), window_(window), controls_(controls) {}
 
 bool FormKeyboard::TakeKey(const MSG& message) {
-    if (message.message == WM_KEYDOWN) return TakeKeyDown(message.wParam);
-    if (message.message == WM_SYSCHAR) return PressAccessKey(message.wParam);
-    return false;
-}
-
-bool FormKeyboard::TakeKeyDown(WPARAM key) {
-    return MoveFocus(key) || Choose(key) || PressEnter(key) || PressEsc(key) || Scroll(key);
+    const WPARAM key = message.wParam;
+    return message.message == WM_KEYDOWN &&
+           (MoveFocus(key) || Choose(key) || PressEnter(key) || PressEsc(key) || Scroll(key));
 }
 
 Control* FormKeyboard::Focused() const {
@@ -162,14 +158,6 @@ bool FormKeyboard::Scroll(WPARAM key) {
                                     [&](const ScrollKeyEntry& each) { return each.Key == key; });
     if (entry == std::end(kScrollKeys) || IsHeld(VK_CONTROL) || IsHeld(VK_SHIFT)) return false;
     form_.OnScrollKey(entry->Meaning);
-    return true;
-}
-
-bool FormKeyboard::PressAccessKey(WPARAM letter) {
-    Control* control = ControlOfAccessKey(form_, static_cast<char32_t>(letter));
-    if (!control) return false;
-    Focus(*control);
-    control->Click();
     return true;
 }
 

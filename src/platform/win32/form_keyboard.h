@@ -1,5 +1,5 @@
-// What the keyboard does in a form beyond the control that has the focus: Tab, Enter, Esc, access
-// keys, arrows among option buttons, and scrolling.
+// What the keyboard does in a form beyond the control that has the focus: Tab, Enter, Esc,
+// arrows among option buttons, and scrolling.
 #pragma once
 
 #include <windows.h>
@@ -31,13 +31,11 @@ class FormKeyboard {
     void ReturnToReachable();
 
   private:
-    bool TakeKeyDown(WPARAM key);
     bool MoveFocus(WPARAM key);
     bool Choose(WPARAM key);
     bool PressEnter(WPARAM key);
     bool PressEsc(WPARAM key);
     bool Scroll(WPARAM key);
-    bool PressAccessKey(WPARAM letter);
     Control* Focused() const;
     void ShowFocusMarks();
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <string_view>
 
 namespace platform::win32 {
 
@@ -74,25 +73,6 @@ Control* NextAfter(const Controls& controls, const Control* from, Direction dire
     return nullptr;
 }
 
-char32_t LowerAscii(char32_t letter) {
-    return letter >= U'A' && letter <= U'Z' ? letter + (U'a' - U'A') : letter;
-}
-
-// 0 when the caption marks none; "&&" is a plain "&".
-char32_t AccessKey(std::string_view caption) {
-    for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
-        if (caption[i] != '&') continue;
-        if (caption[i + 1] != '&') return LowerAscii(static_cast<unsigned char>(caption[i + 1]));
-        ++i;
-    }
-    return 0;
-}
-
-bool HasAccessKey(const Control& control) {
-    return control.Kind() == ControlKind::Button || control.Kind() == ControlKind::CheckBox ||
-           control.Kind() == ControlKind::OptionButton;
-}
-
 }  // namespace
 
 bool CanReach(const Control& control) {
@@ -107,15 +87,6 @@ Control* NextStop(const Form& form, const Control* from, Direction direction) {
 OptionButton* NextOption(const Form& form, const OptionButton& from, Direction direction) {
     return static_cast<OptionButton*>(
         NextAfter(GroupAround(form, from), &from, direction, CanReach));
-}
-
-Control* ControlOfAccessKey(const Form& form, char32_t letter) {
-    const auto found =
-        std::find_if(form.Controls.begin(), form.Controls.end(), [&](const Control* control) {
-            return HasAccessKey(*control) && CanReach(*control) &&
-                   AccessKey(control->ShownText()) == LowerAscii(letter);
-        });
-    return letter == 0 || found == form.Controls.end() ? nullptr : *found;
 }
 
 }  // namespace platform::win32

@@ -15,10 +15,6 @@ Control* NextStop(const Form& form, const Control* from, Direction direction);
 // The next option button that can be chosen in the group around `from`, round the group's end.
 OptionButton* NextOption(const Form& form, const OptionButton& from, Direction direction);
 
-// The control that Alt and this letter press: the first one that can be reached whose caption
-// marks the letter with "&". Labels mark nothing.
-Control* ControlOfAccessKey(const Form& form, char32_t letter);
-
 // Whether the user can get at the control at this moment.
 bool CanReach(const Control& control);
 
