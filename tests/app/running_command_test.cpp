@@ -117,12 +117,16 @@ TEST(RunningCommand, AStoppedComparisonKeepsWhatItFoundAndTheNextOneFindsAll) {
     AtEveryYield({"Command3"}, stop, check);
 }
 
-TEST(RunningCommand, ExitStopsItThenCloses) {
+TEST(RunningCommand, ClosingOrExitStopsItThenCloses) {
     long long yields = 0;
     std::size_t copies = 0;
-    const auto exit = [&](FilledWindow& window) {
+    bool byExit = true;
+    const auto close = [&](FilledWindow& window) {
         copies = window.files.Copies.size();
-        window.ClickMenu("mnuExit");
+        if (byExit)
+            window.ClickMenu("mnuExit");
+        else
+            EXPECT_FALSE(window.form.Window.OnCloseRequest());
         EXPECT_TRUE(window.host.IsShown(window.form.Window));
         yields = window.host.Yields;
     };
@@ -132,7 +136,11 @@ TEST(RunningCommand, ExitStopsItThenCloses) {
         // What is left of counting one folder, one entry of each walk, one copy.
         EXPECT_LE(window.host.Yields - yields, 130);
     };
-    for (const Texts& clicks : kCommands) AtEveryYield(clicks, exit, check);
+    for (const Texts& clicks : kCommands)
+        for (const bool way : {true, false}) {
+            byExit = way;
+            AtEveryYield(clicks, close, check);
+        }
 }
 
 // The rows being shown are those of before; the scroll bar jumps back to them.

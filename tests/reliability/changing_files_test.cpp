@@ -77,5 +77,20 @@ TEST_F(ChangingFiles, AFolderOrARootThatGoesAwayTakesNothingWithIt) {
     }
 }
 
+TEST_F(ChangingFiles, ARootThatIsGoneBeforeItIsListedIsNamed) {
+    Before = {{"one/a", {kNoon, "a"}}};
+    for (const std::string& root : {One(), Two()}) {
+        // The last moment: when the root is opened, having been found.
+        const auto plan = [&](const Moment& now) {
+            const bool opens = now.Call == SYS_openat && now.Path == root + "/";
+            return opens ? ShellBefore(now, "rm -r " + root) : std::vector<Act>();
+        };
+        Disturb(Sync(), 1, plan, [&](const cli::Ended& run, const Moment&) {
+            EXPECT_NE(run.Error.find("cannot read folder '" + root + "/'"), run.Error.npos)
+                << run.Error;
+        });
+    }
+}
+
 }  // namespace
 }  // namespace reliability

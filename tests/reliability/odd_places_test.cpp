@@ -82,12 +82,16 @@ TEST_F(OddPlaces, AThousandPairsStayInTheHistoryThoughOneCannotBeRead) {
     for (int slot = 0; slot < 1000; ++slot) SetSlot(slot, pair(slot));
     const fs::path file = SlotFile(1);
     for (const fs::path& locked : {file, file.parent_path(), fs::path(".config")}) {
-        for (const int mode : {0, 0777}) {
+        for (const int mode : {0, 0555, 0777}) {
             fs::permissions(locked, fs::perms(mode));
             EXPECT_EQ(Cli("compare one two", {.First = BecomeNobody}).Status, 0) << locked;
         }
         for (int slot = 0; slot < 1000; ++slot) EXPECT_EQ(Slot(slot), pair(slot)) << locked;
     }
+    fs::remove(file);
+    MakeFolder(file.string());
+    EXPECT_EQ(Cli("compare one two").Status, 0) << "a folder in a file's place";
+    for (int slot = 2; slot < 1000; ++slot) EXPECT_EQ(Slot(slot), pair(slot));
 }
 
 // Calls are counted, not seconds.
