@@ -15,10 +15,6 @@ using fakes::Texts;
 
 class FormMainTest : public fakes::MainWindowTest {};
 
-TEST_F(FormMainTest, StandsSlightlyAboveTheMiddleOfTheScreen) {
-    EXPECT_EQ(form.Window.Bounds, (platform::Place{6'720, 2'583, 15'360, 10'000}));
-}
-
 TEST_F(FormMainTest, TheCommandLineGoesBeforeTheHistoryAndTheCompanionsJobsComeLast) {
     registry.Values["SOFTWARE\\SystemInfoFolderCS1993\\P0"] =
         "/h1==========/h2==========/txt==========-1";

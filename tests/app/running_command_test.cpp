@@ -120,27 +120,24 @@ TEST(RunningCommand, AStoppedComparisonKeepsWhatItFoundAndTheNextOneFindsAll) {
 TEST(RunningCommand, ClosingOrExitStopsItThenCloses) {
     long long yields = 0;
     std::size_t copies = 0;
-    bool byExit = true;
-    const auto close = [&](FilledWindow& window) {
-        copies = window.files.Copies.size();
-        if (byExit)
-            window.ClickMenu("mnuExit");
-        else
-            EXPECT_FALSE(window.form.Window.OnCloseRequest());
-        EXPECT_TRUE(window.host.IsShown(window.form.Window));
-        yields = window.host.Yields;
-    };
     const auto check = [&](const FilledWindow& window, const FilledWindow&) {
         EXPECT_TRUE(window.host.ShownForms.empty());
         EXPECT_LE(window.files.Copies.size() - copies, 1u);
         // What is left of counting one folder, one entry of each walk, one copy.
         EXPECT_LE(window.host.Yields - yields, 130);
     };
-    for (const Texts& clicks : kCommands)
-        for (const bool way : {true, false}) {
-            byExit = way;
-            AtEveryYield(clicks, close, check);
-        }
+    for (const bool byExit : {true, false}) {
+        const auto close = [&](FilledWindow& window) {
+            copies = window.files.Copies.size();
+            if (byExit)
+                window.ClickMenu("mnuExit");
+            else
+                EXPECT_FALSE(window.form.Window.OnCloseRequest());
+            EXPECT_TRUE(window.host.IsShown(window.form.Window));
+            yields = window.host.Yields;
+        };
+        for (const Texts& clicks : kCommands) AtEveryYield(clicks, close, check);
+    }
 }
 
 // The rows being shown are those of before; the scroll bar jumps back to them.

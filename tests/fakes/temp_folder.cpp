@@ -52,13 +52,8 @@ void TempFolder::MakeFolder(std::string_view relative) const {
     Check(files.CreateFolder(Path(relative)).Ok(), relative);
 }
 
-void TempFolder::SetReadOnly(std::string_view relative, bool readOnly) const {
-    const std::string path = Path(relative);
-    fs::permissions(std::u8string(path.begin(), path.end()), fs::perms(readOnly ? 0444 : 0644));
-}
-
-void TempFolder::Remove(std::string_view relative) const {
-    Check(files.RemoveFile(Path(relative)).Ok(), relative);
+void TempFolder::SetReadOnly(std::string_view relative) const {
+    fs::permissions(Path(relative), fs::perms(0444));
 }
 
 std::optional<std::string> TempFolder::Read(std::string_view relative) const {

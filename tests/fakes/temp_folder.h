@@ -36,10 +36,7 @@ class TempFolder {
     // The modification time of a file.
     void SetTime(std::string_view relative, platform::FileTime time) const;
 
-    // Marks a file read-only, or writable again.
-    void SetReadOnly(std::string_view relative, bool readOnly) const;
-
-    void Remove(std::string_view relative) const;  // a file
+    void SetReadOnly(std::string_view relative) const;  // a file with an ASCII path
 
     // A file's bytes; nothing when it is missing or a folder.
     std::optional<std::string> Read(std::string_view relative) const;

@@ -58,7 +58,7 @@ TEST_F(FilesTest, FoldersAreMadeOneLevelAtATimeAndOnlyFilesRemoved) {
     temp_.MakeFolder("folder");
     for (const char* name : {"folder", "missing/below", "file", "file/below"})
         EXPECT_NE(files_.CreateFolder(temp_.Path(name)).Reason, "") << name;
-    temp_.SetReadOnly("file", true);
+    temp_.SetReadOnly("file");
     EXPECT_TRUE(files_.RemoveFile(temp_.Path("file")).Ok());
     for (const char* name : {"file", "folder"})
         EXPECT_FALSE(files_.RemoveFile(temp_.Path(name)).Ok()) << name;

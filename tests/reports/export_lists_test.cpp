@@ -72,7 +72,7 @@ TEST_F(ExportListsTest, AnExistingFileIsReplacedOnlyAfterYes) {
     ExportLists lists({form.Table, platform::SystemFiles(), host, dialogs, shell, "Varnel"});
     for (const std::string old : {"old", ""}) {
         folder.WriteFile("r", old);
-        folder.SetReadOnly("r", true);
+        folder.SetReadOnly("r");
         EXPECT_EQ(lists.Export(ReportKind::Same, folder.Path("r"), Overwrite::No),
                   ExportResult::NotOverwritten);
         for (const bool answer : {false, true}) {
@@ -82,7 +82,7 @@ TEST_F(ExportListsTest, AnExistingFileIsReplacedOnlyAfterYes) {
             EXPECT_EQ(TakeMessages().at(0), "The same filename exist, overwrite it?");
             EXPECT_EQ(folder.Read("r"), answer ? sameReport : old);
         }
-        folder.Remove("r");
+        platform::SystemFiles().RemoveFile(folder.Path("r"));
     }
     lists.mnuExportSame();
     EXPECT_TRUE(folder.Names().empty()) << "cancelled";

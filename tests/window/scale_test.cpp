@@ -19,6 +19,8 @@ TEST_F(ScaleTest, TheWindowHasItsSizeAndRowsFillTheirPixels) {
     PutSmallPair();
     const Program varnel(Pair());
     const RECT window = AreaOf(varnel.Window()), box = varnel.Area("Combo1");
+    EXPECT_NEAR(window.left, (::GetSystemMetrics(SM_CXSCREEN) - 1536) / 2.0, 1);
+    EXPECT_NEAR(window.top, (::GetSystemMetrics(SM_CYSCREEN) - 1000) / 2.4, 1);
     EXPECT_EQ(window.right - window.left, 1536);
     EXPECT_EQ(window.bottom - window.top, 1000);
     EXPECT_NEAR(box.bottom - box.top, 34.5, 1.5);

@@ -29,7 +29,7 @@ std::string answer;  // to the last question about a control
 LRESULT CALLBACK TakeAnswer(HWND window, UINT id, WPARAM word, LPARAM number) {
     if (id != WM_COPYDATA) return ::DefWindowProcW(window, id, word, number);
     const auto& reply = *reinterpret_cast<const COPYDATASTRUCT*>(number);
-    answer.assign(static_cast<const char*>(reply.lpData), reply.cbData);
+    answer = '\n' + std::string(static_cast<const char*>(reply.lpData), reply.cbData);
     return TRUE;
 }
 

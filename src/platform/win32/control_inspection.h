@@ -5,19 +5,11 @@
 // lpData a name in UTF-8. Before the message returns, the asker's window is sent WM_COPYDATA with
 // the same dwData and these lines in UTF-8; no answer comes for a name that nothing bears.
 //
-//   kind=Label             Label, Button, TextBox, ComboBox, CheckBox, OptionButton, ListBox,
-//                          ScrollBar, Picture, Image, Menu, Form
 //   visible=1              with all its containers
-//   enabled=1
-//   back=FFFFC0            colours as 0x00BBGGRR in hexadecimal, system colours resolved
-//   fore=000000
-//   bold=0
-//   value=0                checked, the scroll bar's value, the list's selection, a menu's command
-//   range=0,0              of a scroll bar
+//   value=0                checked, the list's selection, a menu's command
+//   entries=2              of a list
 //   area=10,20,110,36      left, top, right, bottom in pixels of the screen
 //   window=65538           its own window's handle in decimal; 0 when it has none
-//   entries=2              of a list, each in a line of its own that follows: entry=...
-//   tip=                   the tooltip
 //   text=                  caption or text: all the rest of the answer, line ends included
 #pragma once
 

@@ -76,7 +76,7 @@ TEST_F(WindowsFilesTest, AttributesAreKeptAndAReadOnlyTargetIsRefused) {
         EXPECT_TRUE(Copy("source", "target").Ok()) << attributes;
         const DWORD kept = ::GetFileAttributesW(SystemPath("target").c_str());
         EXPECT_EQ(kept & ~DWORD{FILE_ATTRIBUTE_ARCHIVE}, attributes);
-        temp_.Remove("source");
+        files_.RemoveFile(temp_.Path("source"));
     }
     temp_.WriteFile("source", "new");
     EXPECT_FALSE(Copy("source", "target").Ok());
