@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -24,33 +25,68 @@ using Texts = std::vector<std::string>;
 // One window and what it stands on. A loop over the yields of a command makes a new one each time.
 struct MainWindow {
     // The window is loaded and shown, the folders stand in its boxes. "1" and "2" exist.
-    MainWindow();
+    MainWindow() {
+        files.AddFolder("1");
+        files.AddFolder("2");
+        form.Load("");
+        host.Show(form.Window);
+        form.Combo1.Edit(FakeFiles::Path("1"));
+        form.Combo2.Edit(FakeFiles::Path("2"));
+    }
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
 
     // A file "1/sub/a". By default its time is kOld and its size 1.
-    void Put(std::string_view name, platform::FileTime time = kOld, std::int64_t size = 1) {
-        files.AddFile(name, time, size);
+    void Put(const std::string& name, platform::FileTime time = kOld, std::int64_t size = 1) {
+        files.AddFile(name, {time, size});
     }
     // The same file in both folders.
     void PutBoth(const std::string& name) {
         Put("1/" + name);
         Put("2/" + name);
     }
-    void ClickMenu(std::string_view name) const;
+    void ClickMenu(std::string_view name) const { form.Window.FindMenu(name)->OnClick(); }
 
     // Calls `act` at the n-th yield from now, counted from 1.
-    void AtYield(long long n, std::function<void()> act);
+    void AtYield(long long n, const std::function<void()>& act) {
+        host.Yields = 0;
+        host.OnYield = [n, act](long long yield) {
+            if (yield == n) act();
+        };
+    }
 
     // The texts of the messages shown since the last call.
-    Texts TakeMessages();
+    Texts TakeMessages() {
+        Texts texts;
+        for (const platform::Message& message : std::exchange(dialogs.Messages, {}))
+            texts.push_back(message.Text);
+        return texts;
+    }
 
     // What can be seen of the window: of every control whether it is shown, its text and colours;
     // all messages, opened folders, started programs, the history.
-    Texts Everything() const;
+    Texts Everything() const {
+        Texts all;
+        for (const platform::Control* control : form.Window.Controls)
+            all.push_back(control->Name() + ": " + control->ShownText() +
+                          (control->Shown() ? " shown " : " hidden ") +
+                          std::to_string(control->BackColor()) + ' ' +
+                          std::to_string(control->ForeColor()));
+        for (const platform::Message& message : dialogs.Messages) all.push_back(message.Text);
+        for (const auto* texts : {&dialogs.Prompts, &shell.OpenedFolders, &shell.StartedPrograms})
+            all.insert(all.end(), texts->begin(), texts->end());
+        for (const auto& [key, value] : registry.Values) all.push_back(key + " = " + value);
+        for (const platform::Form* shown : host.ShownForms) all.push_back(shown->Name);
+        return all;
+    }
 
     // What a column of the grid shows, up to its last text.
-    static Texts Column(const grid::ResultsGrid::Cells& cells);
+    static Texts Column(const grid::ResultsGrid::Cells& cells) {
+        Texts texts;
+        for (const platform::Label& cell : cells) texts.push_back(cell.Caption());
+        while (!texts.empty() && texts.back().empty()) texts.pop_back();
+        return texts;
+    }
 
     FakeFiles files;
     MemoryRegistry registry;
@@ -58,9 +94,6 @@ struct MainWindow {
     platform::headless::Dialogs dialogs;
     platform::headless::Shell shell;
     app::FormMain form{{host, files, registry, dialogs, shell}};
-
-  private:
-    std::size_t messagesTaken_ = 0;
 };
 
 class MainWindowTest : public testing::Test, protected MainWindow {};
