@@ -18,15 +18,12 @@ class FilesTest : public testing::Test {
     std::unique_ptr<platform::Folder> Open(const std::string& name = {}) {
         return files_.OpenFolder(temp_.Path(name), outcome_);
     }
-    platform::Outcome Copy(
-        const std::string& from, const std::string& to,
-        const std::function<void()>& whileCopying = [] {}) {
+    platform::Outcome Copy(const std::string& from, const std::string& to,
+                           const std::function<void()>& whileCopying = {}) {
         return files_.CopyOver(temp_.Path(from), temp_.Path(to), whileCopying);
     }
 
     fakes::TempFolder temp_;
     platform::FileSystem& files_ = platform::SystemFiles();
     platform::Outcome outcome_;
-    platform::TextArena names_;
-    platform::Listing listing_;
 };

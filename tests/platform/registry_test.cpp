@@ -2,30 +2,25 @@
 
 #include <gtest/gtest.h>
 
-#include "fakes/own_registry.h"
-
-TEST(RegistryTest, ValuesComeBackAsTheyWere) {
-    fakes::OwnRegistry store;
-    store.CreateKey("P0");
-    EXPECT_EQ(store.ReadDefault("P0"), "");
-    for (const std::string& value :
-         {std::string("C:\\one====D:\\two"), std::string(" \t\"c'd "), std::string("ünï 日本 😀"),
-          std::string(100'000, 'x'), std::string()}) {
-        store.WriteDefault("P0", value);
-        EXPECT_EQ(store.ReadDefault("P0"), value);
-        EXPECT_EQ(platform::OpenSystemRegistry()->ReadDefault(store.Key("P0")), value);
+// In a key of its own, which is gone at the end.
+TEST(RegistryTest, ValuesComeBackAsTheyWereAndKeysGoOneByOne) {
+    const std::string above = "SOFTWARE\\VarnelTest", key = above + "\\P0";
+    const auto store = platform::OpenSystemRegistry();
+    store->CreateKey(key);
+    for (const std::string& value : {std::string("C:\\one====D:\\two"), std::string(" \t\"c'd "),
+                                     std::string("ünï 日本 😀"), std::string(100'000, 'x')}) {
+        store->WriteDefault(key, value);
+        EXPECT_EQ(platform::OpenSystemRegistry()->ReadDefault(key), value);
     }
-}
-
-TEST(RegistryTest, KeysAreMadeWithThoseAboveAndDeletedOneByOne) {
-    fakes::OwnRegistry store;
-    store.CreateKey("a\\b\\c");
-    for (const char* key : {"a\\b\\c", "a\\b", "missing"}) store.WriteDefault(key, key);
-    store.CreateKey("a\\b");
-    store.DeleteKey("a\\b");
-    EXPECT_EQ(store.ReadDefault("a\\b"), "a\\b") << "a key with others below stays";
-    EXPECT_EQ(store.ReadDefault("a\\b\\c"), "a\\b\\c");
-    for (const char* key : {"a\\b\\c", "a\\b", "a", "a"}) store.DeleteKey(key);
-    store.WriteDefault("a\\b", "lost");
-    for (const char* key : {"a\\b", "missing"}) EXPECT_EQ(store.ReadDefault(key), "") << key;
+    store->WriteDefault(key, "");
+    EXPECT_EQ(store->ReadDefault(key), "");
+    store->WriteDefault(above, "above");
+    store->DeleteKey(above);
+    store->CreateKey(above);
+    EXPECT_EQ(store->ReadDefault(above), "above") << "a key with others below stays as it is";
+    for (const std::string& deleted : {key, above}) {
+        store->DeleteKey(deleted);
+        store->WriteDefault(deleted, "lost");
+        EXPECT_EQ(store->ReadDefault(deleted), "");
+    }
 }

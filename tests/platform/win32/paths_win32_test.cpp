@@ -2,14 +2,17 @@
 
 #include "platform/paths.h"
 
-TEST(WindowsPathsTest, DrivesAndSharesAreAbsolute) {
-    using platform::MakeAbsolute;
-    const std::string current = MakeAbsolute("."), drive = current.substr(0, 2);
-    for (const char* whole : {"C:\\a\\..\\b ", "c:/a", "\\\\server\\share\\a"})
-        EXPECT_EQ(MakeAbsolute(whole), whole);
-    EXPECT_EQ(MakeAbsolute("\\a"), drive + "\\a");
-    EXPECT_EQ(MakeAbsolute(drive), current);
-    EXPECT_EQ(MakeAbsolute(drive + "a"), platform::WithSeparator(current) + "a");
+TEST(WindowsPathsTest, DrivesAndSharesAreAbsoluteAndTheRestStartsInTheCurrentFolder) {
+    const std::string current = platform::MakeAbsolute("."), drive = current.substr(0, 2);
+    const std::pair<std::string, std::string> cases[] = {
+        {"C:\\a\\..\\b ", "C:\\a\\..\\b "},
+        {"\\\\server\\share\\a", "\\\\server\\share\\a"},
+        {"\\a", drive + "\\a"},
+        {drive, current},
+        {drive + "a", current + "\\a"},
+        {".//a\\.\\b/", current + "\\a\\.\\b/"},
+        {"..\\a", current + "\\..\\a"}};
+    for (const auto& [path, absolute] : cases) EXPECT_EQ(platform::MakeAbsolute(path), absolute);
 }
 
 TEST(WindowsPathsTest, KeysDisregardCaseAsTheFileSystemDoes) {

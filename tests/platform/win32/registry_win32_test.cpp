@@ -3,50 +3,46 @@
 // It needs what <windows.h> declares.
 #include <sddl.h>
 
-#include "fakes/own_registry.h"
+#include "platform/registry.h"
 
 namespace {
 
-TEST(WindowsRegistryTest, WhatIsNoTextReadsAsEmpty) {
-    fakes::OwnRegistry store;
-    const auto read = [&](DWORD type, const std::string& bytes) {
-        ::RegSetKeyValueA(HKEY_LOCAL_MACHINE, store.Key("P0").c_str(), nullptr, type, bytes.data(),
-                          static_cast<DWORD>(bytes.size()));
-        return store.ReadDefault("P0");
-    };
-    EXPECT_EQ(read(REG_SZ, "no NUL"), "no NUL");
-    EXPECT_EQ(read(REG_DWORD, "1234"), "");
-}
+constexpr char kTop[] = "SOFTWARE\\VarnelTest", kSlot[] = "SOFTWARE\\VarnelTest\\P0";
 
-// Everybody gets these rights to a key below HKEY_LOCAL_MACHINE, and nobody has others.
-void SetRights(const std::string& key, const char* rights) {
+// Everybody gets these rights to the two keys below HKEY_LOCAL_MACHINE, and nobody has others.
+void SetRights(const char* rights) {
     PSECURITY_DESCRIPTOR descriptor = nullptr;
     ::ConvertStringSecurityDescriptorToSecurityDescriptorA(rights, SDDL_REVISION_1, &descriptor,
                                                            nullptr);
-    HKEY opened = nullptr;
-    ::RegOpenKeyExA(HKEY_LOCAL_MACHINE, key.c_str(), 0, WRITE_DAC, &opened);
-    EXPECT_EQ(::RegSetKeySecurity(opened, DACL_SECURITY_INFORMATION, descriptor), 0);
-    ::RegCloseKey(opened);
+    for (const char* key : {kTop, kSlot}) {
+        HKEY opened = nullptr;
+        ::RegOpenKeyExA(HKEY_LOCAL_MACHINE, key, 0, WRITE_DAC, &opened);
+        EXPECT_EQ(::RegSetKeySecurity(opened, DACL_SECURITY_INFORMATION, descriptor), 0);
+        ::RegCloseKey(opened);
+    }
     ::LocalFree(descriptor);
 }
 
-TEST(WindowsRegistryTest, AnOrdinaryAccountHasAStoreOfItsOwn) {
-    fakes::OwnRegistry store;
-    const auto write = [&](const char* key, const char* value) {
-        store.CreateKey(key);
-        store.WriteDefault(key, value);
-    };
-    for (const char* key : {"a\\P0", "a\\P1"}) write(key, "everybody's");
-    for (const char* key : {"a\\P0", "a\\P1", "a"}) SetRights(store.Key(key), "D:(A;;KR;;;WD)");
-    store.WriteDefault("a\\P0", "mine");
-    EXPECT_EQ(store.ReadDefault("a\\P0"), "mine");
-    for (const char* key : {"a\\P0", "a\\P1", "a\\P2"}) {
-        store.DeleteKey(key);
-        EXPECT_EQ(store.ReadDefault(key), "") << "gone, or hidden";
-        write(key, "mine again");
-        EXPECT_EQ(store.ReadDefault(key), "mine again");
+TEST(WindowsRegistryTest, AnOrdinaryAccountHasAStoreOfItsOwnAndWhatIsNoTextReadsAsEmpty) {
+    const auto store = platform::OpenSystemRegistry();
+    for (const DWORD type : {REG_DWORD, REG_SZ}) {
+        ::RegSetKeyValueA(HKEY_LOCAL_MACHINE, kSlot, nullptr, type, "text", 4);
+        EXPECT_EQ(store->ReadDefault(kSlot), type == REG_SZ ? "text" : "");
     }
-    for (const char* key : {"a", "a\\P0", "a\\P1"}) SetRights(store.Key(key), "D:(A;;KA;;;WD)");
+    SetRights("D:(A;;KR;;;WD)");
+    store->WriteDefault(kSlot, "mine");
+    EXPECT_EQ(store->ReadDefault(kSlot), "mine");
+    for (const char* slot : {kSlot, "SOFTWARE\\VarnelTest\\P1"}) {
+        store->DeleteKey(slot);
+        EXPECT_EQ(store->ReadDefault(slot), "") << "gone, or hidden";
+        store->CreateKey(slot);
+        store->WriteDefault(slot, "mine again");
+        EXPECT_EQ(store->ReadDefault(slot), "mine again");
+    }
+    SetRights("D:(A;;KA;;;WD)");
+    ::RegDeleteTreeA(HKEY_LOCAL_MACHINE, kTop);
+    ::RegDeleteTreeA(HKEY_CURRENT_USER,
+                     "SOFTWARE\\Classes\\VirtualStore\\MACHINE\\SOFTWARE\\VarnelTest");
 }
 
 }  // namespace
