@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string>
-#include <vector>
 
 namespace fuzzing {
 
@@ -17,16 +16,6 @@ inline void Require(bool holds, const char* property) {
     if (holds) return;
     std::fprintf(stderr, "does not hold: %s\n", property);
     std::abort();
-}
-
-// The texts of an input, at least so many. Its last byte ends each of them: seeds are files of
-// lines, and yet any byte can stand in a text.
-inline std::vector<std::string> Texts(const std::string& input, std::size_t least) {
-    std::vector<std::string> texts;
-    for (std::size_t at = 0; at < input.size(); at += texts.back().size() + 1)
-        texts.push_back(input.substr(at, input.find(input.back(), at) - at));
-    if (texts.size() < least) texts.resize(least);
-    return texts;
 }
 
 }  // namespace fuzzing
