@@ -41,11 +41,13 @@ TEST_F(ComparisonTest, TimesAloneDecide) {
         EXPECT_EQ(Compared({kOld, 3}, {next, 2}), Texts{"22 a"});
         EXPECT_EQ(Compared({half, 1}, {kOld, 1}), Texts{"22 a"}) << "within a second";
         EXPECT_EQ(Compared({}, {kOld, 0}), Texts{"12 a"});
+        EXPECT_EQ(form.Table.NewList[0].Size2(), "0");
         EXPECT_EQ(Compared({kOld, 0}, {}), Texts{"11 a"});
         const CompareItem& row = form.Table.NewList[0];
         EXPECT_EQ(row.Size1() + row.Size2() + row.Date2(), "000:00:00");
         EXPECT_EQ(Compared({{}, 5}, {kOld, 1}), (Texts{"12 a", "22 a"})) << "no time";
         EXPECT_EQ(Compared({{}, 4}, {{}, 5}), (Texts{"11 a", "12 a"}));
+        EXPECT_EQ(form.Table.NewList[0].Size2(), "");
     }
 }
 
@@ -135,7 +137,7 @@ TEST_F(ComparisonTest, ShowsWhatItFoundFromNothingEachTime) {
     Put("1/f0", kNew);
     form.Command3.Click();
     EXPECT_EQ(form.LabelShow.Caption(), "New and Modified Files:  3");
-    EXPECT_EQ(form.VScroll1.Maximum(), 0);
+    EXPECT_EQ(form.VScroll1.Maximum() + form.VScroll1.Value(), 0);
     form.Command4.Click();
     form.Command3.Click();
     EXPECT_EQ(form.LabelNewFile.Caption(), "New Files ( 0 ) ");
