@@ -65,10 +65,12 @@ TEST_F(ComparisonTest, AFileThatVanishesAfterTheListingIsMissing) {
 // What may be entered is looked into by the names of the other side.
 TEST_F(ComparisonTest, AFolderThatMayNotBeListedIsNamedAndItsFilesAreFound) {
     for (const char* name : {"s/a", "s/t/b"}) PutBoth(name);
-    for (const char* name : {"1/s/only", "2/s/hidden", "2/z"}) Put(name);
+    for (const char* name : {"1/s/only", "1/s/u/f", "2/s/hidden", "2/z"}) Put(name);
     files.Unlistable = {"2/s"};
-    EXPECT_EQ(Compared(), (Texts{"11 s/only", "12 z", "0 s/a", "0 s/t/b"}));
-    EXPECT_EQ(form.Comparison().Troubles().UnreadableFolders.at(0).Path, FakeFiles::Path("2/s/"));
+    EXPECT_EQ(Compared(), (Texts{"11 s/only", "11 s/u/f", "12 z", "0 s/a", "0 s/t/b"}));
+    const auto& unreadable = form.Comparison().Troubles().UnreadableFolders;
+    ASSERT_EQ(unreadable.size(), 1u);
+    EXPECT_EQ(unreadable[0].Path, FakeFiles::Path("2/s/"));
 }
 
 // The search for a file's extension goes beyond a short name, in the found file's path.
@@ -95,7 +97,7 @@ TEST_F(ComparisonTest, GoesLevelByLevelSide1FirstAndListsAndLooksOnce) {
 TEST_F(ComparisonTest, EveryFileIsFoundHoweverManyThereAreInWhateverOrder) {
     constexpr int kFiles = 12;  // more than are looked up from above
     for (int folders = 0; folders < 110; ++folders) {
-        const std::string folder = "/d" + std::to_string(folders) + "/";
+        const std::string folder = "/d" + std::to_string(folders) + "/in/deep/";
         for (int i = 0; i < kFiles; ++i) {
             Put("1" + folder + std::to_string(folders * kFiles + i));
             Put("2" + folder + std::to_string((folders + 1) * kFiles - 1 - i));
