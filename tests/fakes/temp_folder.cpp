@@ -24,11 +24,9 @@ void Check(bool done, std::string_view what) {
 }  // namespace
 
 TempFolder::TempFolder() {
-    fs::path root;
-    do {
-        root =
-            fs::temp_directory_path() / ("varnel-test-" + std::to_string(std::random_device()()));
-    } while (!fs::create_directory(root));
+    const std::string name = "varnel-test-" + std::to_string(std::random_device()());
+    const fs::path root = fs::temp_directory_path() / name;
+    Check(fs::create_directory(root), name);
     root_ = root.string();
 }
 
