@@ -1,60 +1,30 @@
 #include "window/window_driver.h"
 
-#include <cstdio>
 #include <iterator>
+#include <optional>
 #include <stdexcept>
-
-#include <process.h>
-
-#include "platform/win32/control_inspection.h"
-#include "platform/win32/text_conversion.h"
 
 namespace window {
 
 namespace {
 
-using platform::win32::Wide;
+using platform::win32::InspectedControl;
 
 constexpr unsigned kLimit = 20000;        // ms
 constexpr DWORD kPause = 3;               // ms between two looks
 constexpr int kLooksBetweenNudges = 300;  // a tooltip needs half a second of rest
 
-HANDLE StartProgram(const std::string& arguments) {
-    return reinterpret_cast<HANDLE>(
-        ::_wspawnl(_P_NOWAIT, L"Varnel.exe", L"Varnel.exe", Wide(arguments).c_str(), nullptr));
-}
+POINT pointer{};  // where it was put last; the system asks the screen, which may lag behind
 
-std::string answer;  // to the last question about a control
+std::optional<Seen> seen;  // the answer to the last question about a control
 
 LRESULT CALLBACK TakeAnswer(HWND window, UINT id, WPARAM word, LPARAM number) {
     if (id != WM_COPYDATA) return ::DefWindowProcW(window, id, word, number);
     const auto& reply = *reinterpret_cast<const COPYDATASTRUCT*>(number);
-    answer = '\n' + std::string(static_cast<const char*>(reply.lpData), reply.cbData);
+    const auto* control = static_cast<const InspectedControl*>(reply.lpData);
+    seen = Seen{*control,
+                {reinterpret_cast<const char*>(control + 1), reply.cbData - sizeof *control}};
     return TRUE;
-}
-
-// The window that answers are sent to.
-HWND MakeAsker() {
-    const HWND asker =
-        ::CreateWindowA("Static", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-    ::SetWindowLongPtrW(asker, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&TakeAnswer));
-    return asker;
-}
-
-}  // namespace
-
-void WaitUntil(const std::string& what, const std::function<bool()>& condition) {
-    const unsigned long long start = ::GetTickCount64();
-    for (int look = 1; !condition(); ++look) {
-        if (::GetTickCount64() > start + kLimit)
-            throw std::runtime_error("waited in vain for " + what);
-        if (look % kLooksBetweenNudges == 0) NudgePointer();
-        ::Sleep(kPause);
-    }
-}
-
-void WaitForColor(POINT at, COLORREF color) {
-    WaitUntil("a colour on the screen", [&] { return ColorAt(at) == color; });
 }
 
 std::string TextOf(HWND window) {
@@ -63,82 +33,103 @@ std::string TextOf(HWND window) {
     return platform::win32::Narrow(text);
 }
 
-RECT AreaOf(HWND window) {
-    RECT area{};
-    ::GetWindowRect(window, &area);
-    return area;
+}  // namespace
+
+// The pointer is nudged now and then: Wine loses a move that arrives while the program is taking in
+// the one before.
+void WaitUntil(const std::string& what, const std::function<bool()>& condition) {
+    const unsigned long long start = ::GetTickCount64();
+    for (int look = 1; !condition(); ++look) {
+        if (::GetTickCount64() > start + kLimit)
+            throw std::runtime_error("waited in vain for " + what);
+        if (look % kLooksBetweenNudges == 0) ::SetCursorPos(pointer.x, pointer.y);
+        ::Sleep(kPause);
+    }
+}
+
+COLORREF ColorAt(POINT point) {
+    static const HDC screen = ::GetDC(nullptr);
+    return ::GetPixel(screen, point.x, point.y);
+}
+
+void WaitForColor(POINT point, COLORREF color) {
+    WaitUntil("a colour on the screen", [&] { return ColorAt(point) == color; });
 }
 
 POINT MiddleOf(const RECT& area) {
     return {(area.left + area.right) / 2, (area.top + area.bottom) / 2};
 }
 
-HWND WaitForWindow(const char* windowClass, const std::string& title) {
+// The event brings its place along, in parts of 65536 of the screen, rounded so that the system
+// finds the pixel again: a late report of where the pointer was before cannot move it.
+void MovePointer(POINT to, DWORD event, int data) {
+    const auto parts = [](LONG pixel, int size) {
+        return static_cast<DWORD>((pixel * 65536 + size - 1) / size);
+    };
+    pointer = to;
+    ::SetCursorPos(to.x, to.y);
+    ::mouse_event(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | event,
+                  parts(to.x, ::GetSystemMetrics(SM_CXSCREEN)),
+                  parts(to.y, ::GetSystemMetrics(SM_CYSCREEN)), static_cast<DWORD>(data), 0);
+}
+
+void ClickAt(POINT point) {
+    MovePointer(point, MOUSEEVENTF_LEFTDOWN);
+    MovePointer(point, MOUSEEVENTF_LEFTUP);
+}
+
+void PressKeys(std::initializer_list<BYTE> keys) {
+    for (const BYTE key : keys)
+        for (const DWORD release : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}})
+            ::keybd_event(key, 0, release, 0);
+}
+
+void TypeKeys(std::string_view text) {
+    for (const wchar_t character : platform::win32::Wide(text))
+        for (const DWORD release : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}})
+            ::keybd_event(0, static_cast<BYTE>(character), KEYEVENTF_UNICODE | release, 0);
+}
+
+HWND WaitForWindow(const std::string& title) {
     HWND window = nullptr;
-    WaitUntil("a window " + title, [&] {
-        do window = ::FindWindowExA(nullptr, window, windowClass, nullptr);
-        while (window &&
-               (!::IsWindowVisible(window) || TextOf(window).find(title) == std::string::npos));
-        return window != nullptr;
-    });
+    WaitUntil("a window " + title,
+              [&] { return TextOf(window = ::GetForegroundWindow()).starts_with(title); });
     return window;
 }
 
-void EndWindow(HWND window, UINT message, WPARAM word) {
-    ::PostMessageW(window, message, word, 0);
+void EndWindow(HWND window, UINT message) {
+    ::PostMessageW(window, message, 0, 0);
     WaitUntil("a window to close", [window] { return !::IsWindowVisible(window); });
 }
 
-std::string Answer(int button) {
-    const HWND dialog = WaitForWindow("#32770");
-    const std::string said = TextOf(dialog) + ": " + TextOf(::GetDlgItem(dialog, 0xFFFF));
+std::string Answer(const std::string& title, int button) {
+    const HWND dialog = WaitForWindow(title);
+    const std::string said = TextOf(::GetDlgItem(dialog, 0xFFFF));
     EndWindow(::GetDlgItem(dialog, button), BM_CLICK);
     return said;
 }
 
-void AnswerFileName(const std::string& title, std::string_view path) {
-    const HWND dialog = WaitForWindow("#32770", title);
-    HWND field = ::GetDlgItem(dialog, 0x47C);  // on some systems within a combo box
-    while (const HWND inner = ::GetWindow(field, GW_CHILD)) field = inner;
-    ::SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(path).c_str()));
-    EndWindow(dialog, WM_COMMAND, IDOK);
-}
-
-std::string Form::Ask(std::string_view name, const std::string& key) const {
-    static const HWND asker = MakeAsker();
+Seen Form::Look(std::string_view name) const {
+    static const HWND asker =
+        ::CreateWindowA("Static", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    ::SetWindowLongPtrW(asker, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&TakeAnswer));
     std::string question(name);
     COPYDATASTRUCT request{platform::win32::kInspectControl, static_cast<DWORD>(question.size()),
                            question.data()};
-    answer.clear();
-    ::SendMessageTimeoutW(window_, WM_COPYDATA, reinterpret_cast<WPARAM>(asker),
+    seen.reset();
+    ::SendMessageTimeoutW(Window, WM_COPYDATA, reinterpret_cast<WPARAM>(asker),
                           reinterpret_cast<LPARAM>(&request), SMTO_ABORTIFHUNG, kLimit, nullptr);
-    const std::size_t at = answer.find("\n" + key + "=");
-    if (at == answer.npos) throw std::runtime_error("the window tells nothing of " + question);
-    const std::string said = answer.substr(at + key.size() + 2);
-    if (key != "text") return said.substr(0, said.find('\n'));
-    const HWND control = Control(name);
-    const std::string shown = control ? TextOf(control) : said;
-    return said == shown ? said : said + ", shown as " + shown;
+    if (!seen) throw std::runtime_error("the window tells nothing of " + question);
+    if (seen->Window) seen->Text = TextOf(seen->Window);
+    return *seen;
 }
 
-RECT Form::Area(std::string_view name) const {
-    RECT area{};
-    std::sscanf(Ask(name, "area").c_str(), "%ld,%ld,%ld,%ld", &area.left, &area.top, &area.right,
-                &area.bottom);
-    return area;
-}
-
-HWND Form::Control(std::string_view name) const {
-    return reinterpret_cast<HWND>(std::stoll(Ask(name, "window")));
-}
-
-void Form::WaitFor(std::string_view name, const std::string& value, const std::string& key) const {
-    WaitUntil(std::string(name) + " with the " + key + " " + value,
-              [&] { return Ask(name, key) == value; });
+void Form::WaitFor(std::string_view name, const std::string& text) const {
+    WaitUntil(std::string(name) + " to say " + text, [&] { return Ask(name) == text; });
 }
 
 void Form::WaitForFocus(std::string_view name) const {
-    const HWND wanted = Control(name);
+    const HWND wanted = Look(name).Window;
     WaitUntil("the keyboard to come to " + std::string(name), [&] {
         GUITHREADINFO front{};
         front.cbSize = sizeof front;
@@ -149,58 +140,18 @@ void Form::WaitForFocus(std::string_view name) const {
 
 void Form::WaitForQuiet() const {
     WaitUntil("a window to take input",
-              [this] { return ::IsWindowEnabled(window_) && ::GetForegroundWindow() == window_; });
+              [this] { return ::IsWindowEnabled(Window) && ::GetForegroundWindow() == Window; });
 }
 
-POINT Form::PlaceOf(std::string_view name) const {
-    if (Ask(name, "visible") != "1") throw std::runtime_error(std::string(name) + " is not shown");
-    return MiddleOf(Area(name));
+void Form::Point(std::string_view name, DWORD event, int data) const {
+    WaitUntil(std::string(name) + " to be shown", [&] { return Look(name).Shown; });
+    MovePointer(MiddleOf(Look(name).Area), event, data);
 }
 
 void Form::Click(std::string_view name) const {
     WaitForQuiet();
-    ClickAt(PlaceOf(name));
-}
-
-void Form::Type(std::string_view name, std::string_view keys) const {
-    Click(name);
-    WaitForFocus(name);
-    TypeKeys(keys);
-}
-
-void Form::RunMenu(std::string_view name) const {
-    WaitForQuiet();
-    ::PostMessageW(window_, WM_COMMAND, std::stoul(Ask(name, "value")), 0);
-}
-
-Program::Program(const std::string& arguments) : Program(StartProgram(arguments)) {
-    MovePointer({::GetSystemMetrics(SM_CXSCREEN) - 1, ::GetSystemMetrics(SM_CYSCREEN) - 1});
-    window_ = WaitForWindow("FormMain", " Varnel ,  Version 8.12");
-    WaitForQuiet();
-    WaitForFocus("Combo1");
-    // By then the program has heard what the screen tells of a new window.
-    const RECT cell = Area("sFile1(9)");
-    WaitForColor({cell.left, cell.top}, 0xFFFFC0);
-}
-
-Program::~Program() {
-    ::TerminateProcess(process_.Get(), 99);  // does nothing to one that has ended
-    WaitForEnd();
-}
-
-DWORD Program::WaitForEnd() const {
-    DWORD status = 0;
-    ::WaitForSingleObject(process_.Get(), kLimit);
-    ::GetExitCodeProcess(process_.Get(), &status);
-    return status;
-}
-
-// The heading tells when a comparison is over, so it must say something else before.
-void Program::Compare() const {
-    const std::string before = Ask("LabelShow");
-    Click("Command3");
-    WaitUntil("the result of the comparison",
-              [&] { return Ask("LabelShow") != before && Ask("Command3") == "Compare"; });
+    Point(name, MOUSEEVENTF_LEFTDOWN);
+    Point(name, MOUSEEVENTF_LEFTUP);
 }
 
 }  // namespace window

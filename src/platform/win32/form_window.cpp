@@ -190,8 +190,7 @@ Result FormWindow::OnCommand(const WindowMessage& message) {
 
 Result FormWindow::OnCopyData(const WindowMessage& message) {
     const auto& request = *reinterpret_cast<const COPYDATASTRUCT*>(message.Long);
-    return AnswerInspection(reinterpret_cast<HWND>(message.Word), request,
-                            {form_, window_, *controls_, *menu_});
+    return AnswerInspection(reinterpret_cast<HWND>(message.Word), request, form_, *controls_);
 }
 
 Result FormWindow::OnDpiChanged(const WindowMessage& message) {
