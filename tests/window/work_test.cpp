@@ -103,10 +103,11 @@ TEST_F(WindowTest, RowsFillTheirPixelsAndAreScrolledByWheelKeysAndBar) {
     EXPECT_NEAR(box.bottom - box.top, 34.5, 1.5);
 
     Compare();
+    Point("sFile1(3)");
+    const RECT cell = Look("sFile1(3)").Area;
+    WaitForColor({cell.left, cell.top}, kHovered);
     Click("sFile1(3)");  // from here on the keys scroll
-    Point("sMD2(5)");
-    const RECT cell = Look("sFile1(3)").Area, pointed = Look("sTYPE(5)").Area;
-    WaitForColor({pointed.left, pointed.top}, kHovered);
+    WaitForColor({cell.left, cell.top}, kSelected);
     for (LONG x = cell.left; x < cell.right; ++x) {
         EXPECT_EQ(ColorAt({x, cell.top}), kSelected) << x;
         EXPECT_EQ(ColorAt({x, cell.bottom - 1}), kSelected) << x;
