@@ -1,6 +1,5 @@
 #include "app/form_main.h"
 
-#include <functional>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -10,97 +9,80 @@
 namespace app {
 namespace {
 
-using fakes::FakeFiles;
 using fakes::Texts;
 
 class FormMainTest : public fakes::MainWindowTest {};
 
-TEST_F(FormMainTest, TheCommandLineGoesBeforeTheHistoryAndTheCompanionsJobsComeLast) {
-    registry.Values["SOFTWARE\\SystemInfoFolderCS1993\\P0"] =
-        "/h1==========/h2==========/txt==========-1";
+// A line of the companion's job file.
+std::string Job(const std::string& source, const std::string& destination,
+                const std::string& kind) {
+    return source + ',' + destination + std::string(11, ',') + " j " + std::string(10, ',') + kind;
+}
+
+TEST_F(FormMainTest, TheCompanionsGoodJobsAreOfferedOnceBehindTheHistory) {
+    form.History().WriteProfileValue("/listed==========/before", 0);
+    const std::string slash(1, platform::Separator), backup = slash + "Backup_ j ";
+    const std::string lines[] = {
+        Job("/listed", "/before", "9"),
+        "  " + Job("*.*/a*.*a/*.*", "/1*.*", " 9.0 ") + "  ",
+        Job("/b", "/2", "1,more,fields"),
+        Job("/c", "/3" + slash, "9 lives"),
+        "/d,/4" + std::string(20, ','),  // a field is missing
+        Job("*.*", "/5", "9"),
+        Job("/e", "", "1"),
+        Job(std::string("/f\0f", 4), "/6", "9"),
+        Job("/g", "/7", "9,") + std::string(70'000, 'x'),
+        std::string(100'000'000, '\0'),
+        Job("/h", "/8", ""),
+    };
+    std::string content;
+    for (const std::string& line : lines) content += line + "\r\n";
     const fakes::TempFolder documents, program;
-    for (const fakes::TempFolder* folder : {&documents, &program}) {
-        folder->WriteFile("Q7DB.qdb", "/job," + folder->Path() + std::string(20, ',') + ",9");
-        Put(FakeFiles::NameOf(folder->Path("Q7DB.qdb")));
-    }
+    documents.WriteFile("Q7DB.qdb", content);
+    program.WriteFile("Q7DB.qdb", Job("/i", "/9", "9"));
+    for (const auto* folder : {&documents, &program})
+        Put(fakes::FakeFiles::NameOf(folder->Path("Q7DB.qdb")));
     shell.Documents = documents.Path();
     shell.Program = program.Path();
-    const Texts kept{"/h1", "/h2", "/txt"};
+    form.Load("");
+    EXPECT_EQ(form.Combo1.Entries(), (Texts{"/listed", "/aa/", "/b", "/c", "/h", "/i"}));
+    EXPECT_EQ(form.Combo2.Entries(),
+              (Texts{"/before", "/1*.*", "/2" + backup, "/3" + backup, "/8" + backup, "/9"}));
+}
+
+TEST_F(FormMainTest, TheCommandLineGoesBeforeTheHistory) {
+    form.History().WriteProfileValue("/h1==========/h2==========/txt==========-1", 0);
     const std::pair<const char*, Texts> cases[] = {
-        {"", kept},       {" \"/a x\",  /b  ", {"/a x", "/b", ""}}, {"\"\",/b", kept}, {"/a", kept},
-        {"/a,/b,", kept},
+        {" \"/a x\",  /b  ", {"/a x", "/b", ""}},
+        {"\"\",/b", {"/h1", "/h2", "/txt"}},
+        {"/a,/b,", {"/h1", "/h2", "/txt"}},
     };
     for (const auto& [commandLine, start] : cases) {
-        form.Filter = {};
         form.Load(commandLine);
         EXPECT_EQ((Texts{form.Combo1.Text(), form.Combo2.Text(), form.Filter.FilterExtensions}),
                   start);
-        EXPECT_EQ(form.Combo1.Entries(), (Texts{"/h1", "/job", "/job"}));
-        EXPECT_EQ(form.Combo2.Entries(), (Texts{"/h2", documents.Path(), program.Path()}));
     }
 }
 
 TEST_F(FormMainTest, AFolderIsBrowsedForShownUnderThePointerAndOpened) {
-    const std::string &folder1 = form.Combo1.Text(), &folder2 = form.Combo2.Text();
     dialogs.FolderAnswers = {"/picked 1", "/picked 2"};
     form.CommandBrowse1.Click();
-    form.CommandBrowse2.Click();
+    ClickMenu("mnuFolder2");
     form.CommandBrowse1.Click();  // cancelled
-    EXPECT_EQ(folder1, platform::WithSeparator("/picked 1"));
-    EXPECT_EQ(folder2, platform::WithSeparator("/picked 2"));
-    EXPECT_EQ(host.ShownForms.size(), 1u);
-    EXPECT_FALSE(form.CmdOpenFolder2.Visible());
     form.ImageOpenFolder1.PointerMove({});
-    form.ImageOpenFolder2.PointerMove({});
-    EXPECT_GT(form.CmdOpenFolder1.ZOrder(), form.ImageOpenFolder1.ZOrder());
     form.CmdOpenFolder1.Click();
-    form.CmdOpenFolder2.Click();
-    EXPECT_EQ(shell.OpenedFolders, (Texts{folder1, folder2}));
+    ClickMenu("mnuOpenFolder2");
+    EXPECT_EQ(shell.OpenedFolders,
+              (Texts{platform::WithSeparator("/picked 1"), platform::WithSeparator("/picked 2")}));
     form.Window.OnPointerMove({});
-    form.Combo1.Edit("  ");
-    form.ImageOpenFolder1.PointerMove({});
-    EXPECT_FALSE(form.CmdOpenFolder1.Visible() || form.CmdOpenFolder2.Visible());
+    EXPECT_FALSE(form.CmdOpenFolder1.Visible());
 }
 
-// The panel knows its row by the row's number in the list that was shown.
-TEST_F(FormMainTest, TheDirectionPanelGoesWhenAnotherViewComes) {
-    for (int i = 0; i < 60; ++i) Put("1/n" + std::to_string(i));
-    form.Command3.Click();
-    const std::function<void()> changes[] = {
-        [this] { form.LabelAllFile.Click(); }, [this] { form.VScroll1.Scroll(3); },
-        [this] { form.Command3.Click(); }, [this] { form.Command4.Click(); }};
-    for (const auto& change : changes) {
-        form.LabelNewFile.Click();
-        form.sMAC[0].Click();
-        EXPECT_TRUE(form.Picture3.Visible());
-        change();
-        EXPECT_FALSE(form.Picture3.Visible());
-    }
-}
-
-TEST_F(FormMainTest, MenusDoWhatTheButtonsAndLabelsDoForgetTheHistoryAndEnd) {
-    form.Command3.Click();
-    EXPECT_EQ(form.Combo1.Entries().size(), 1u);
-    ClickMenu("mnuClearProfile");
-    EXPECT_EQ(form.Combo1.Entries().size(), 0u);
-    const std::pair<const char*, const char*> menus[] = {
-        {"mnuFolder1", "CommandBrowse1"},     {"mnuFolder2", "CommandBrowse2"},
-        {"mnuOpenFolder1", "CmdOpenFolder1"}, {"mnuOpenFolder2", "CmdOpenFolder2"},
-        {"mnuCompare", "Command3"},           {"mnuDoubleSync", "Command4"},
-        {"mnuLeftSync", "Command5"},          {"mnuRightSync", "Command6"},
-        {"mnuNewFile", "LabelNewFile"},       {"mnuChangedFile", "LabelChgFile"},
-        {"mnuAllFile", "LabelAllFile"},
-    };
-    std::string clicked;
-    for (const auto& [menu, control] : menus) {
-        form.Window.Find(control)->OnClick = [&clicked, name = control] { clicked = name; };
+TEST_F(FormMainTest, MenusCompareAndSynchroniseTheWayTheySay) {
+    for (const char* name : {"1/a", "2/b"}) Put(name);
+    for (const char* menu : {"mnuCompare", "mnuRightSync", "mnuCompare", "mnuLeftSync"})
         ClickMenu(menu);
-        EXPECT_EQ(clicked, control) << menu;
-    }
-    host.Show(form.FilterDialog.FormFilter);
-    ClickMenu("mnuExit");
-    EXPECT_TRUE(host.ShownForms.empty());
-    EXPECT_EQ(registry.Values.rbegin()->first, "SOFTWARE") << "nothing is remembered at the end";
+    EXPECT_EQ(files.Copies, (Texts{"2/b > 1/b", "1/a > 2/a"}));
 }
 
 }  // namespace
