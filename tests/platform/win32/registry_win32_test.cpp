@@ -9,40 +9,33 @@ namespace {
 
 constexpr char kTop[] = "SOFTWARE\\VarnelTest", kSlot[] = "SOFTWARE\\VarnelTest\\P0";
 
-// Everybody gets these rights to the two keys below HKEY_LOCAL_MACHINE, and nobody has others.
-void SetRights(const char* rights) {
-    PSECURITY_DESCRIPTOR descriptor = nullptr;
-    ::ConvertStringSecurityDescriptorToSecurityDescriptorA(rights, SDDL_REVISION_1, &descriptor,
-                                                           nullptr);
-    for (const char* key : {kTop, kSlot}) {
-        HKEY opened = nullptr;
-        ::RegOpenKeyExA(HKEY_LOCAL_MACHINE, key, 0, WRITE_DAC, &opened);
-        EXPECT_EQ(::RegSetKeySecurity(opened, DACL_SECURITY_INFORMATION, descriptor), 0);
-        ::RegCloseKey(opened);
-    }
-    ::LocalFree(descriptor);
-}
-
-TEST(WindowsRegistryTest, AnOrdinaryAccountHasAStoreOfItsOwnAndWhatIsNoTextReadsAsEmpty) {
+// An ordinary account may read everybody's value, not write it.
+TEST(WindowsRegistryTest, WhatMayNotBeWrittenGoesToAStoreOfOnesOwnAndWhatIsNoTextReadsAsEmpty) {
     const auto store = platform::OpenSystemRegistry();
     for (const DWORD type : {REG_DWORD, REG_SZ}) {
         ::RegSetKeyValueA(HKEY_LOCAL_MACHINE, kSlot, nullptr, type, "text", 4);
         EXPECT_EQ(store->ReadDefault(kSlot), type == REG_SZ ? "text" : "");
     }
-    SetRights("D:(A;;KR;;;WD)");
-    store->WriteDefault(kSlot, "mine");
-    EXPECT_EQ(store->ReadDefault(kSlot), "mine");
-    for (const char* slot : {kSlot, "SOFTWARE\\VarnelTest\\P1"}) {
-        store->DeleteKey(slot);
-        EXPECT_EQ(store->ReadDefault(slot), "") << "gone, or hidden";
-        store->CreateKey(slot);
-        store->WriteDefault(slot, "mine again");
-        EXPECT_EQ(store->ReadDefault(slot), "mine again");
+    HKEY key = nullptr;
+    PSECURITY_DESCRIPTOR rights = nullptr;  // of everybody: reading and deleting
+    ::ConvertStringSecurityDescriptorToSecurityDescriptorA("D:(A;;KRSD;;;WD)", SDDL_REVISION_1,
+                                                           &rights, nullptr);
+    ::RegOpenKeyExA(HKEY_LOCAL_MACHINE, kSlot, 0, WRITE_DAC, &key);
+    EXPECT_EQ(::RegSetKeySecurity(key, DACL_SECURITY_INFORMATION, rights), 0);
+    ::RegCloseKey(key);
+    ::LocalFree(rights);
+    for (const char* value : {"mine", "mine again"}) {
+        store->WriteDefault(kSlot, value);
+        EXPECT_EQ(store->ReadDefault(kSlot), value);
     }
-    SetRights("D:(A;;KA;;;WD)");
-    ::RegDeleteTreeA(HKEY_LOCAL_MACHINE, kTop);
     ::RegDeleteTreeA(HKEY_CURRENT_USER,
                      "SOFTWARE\\Classes\\VirtualStore\\MACHINE\\SOFTWARE\\VarnelTest");
+    EXPECT_EQ(store->ReadDefault(kSlot), "text") << "everybody's";
+    store->WriteDefault(kSlot, "mine");
+    for (const char* deleted : {kSlot, kTop}) {
+        store->DeleteKey(deleted);
+        EXPECT_EQ(store->ReadDefault(deleted), "");
+    }
 }
 
 }  // namespace
