@@ -1,4 +1,4 @@
-// A registry in memory.
+// A registry in memory. No key of it knows of others above or below.
 #pragma once
 
 #include <map>
@@ -16,21 +16,13 @@ class MemoryRegistry : public platform::Registry {
         return Values.contains(key) ? Values.at(key) : std::string();
     }
 
-    void CreateKey(const std::string& key) override {
-        for (std::size_t end = 0; end != std::string::npos;) {
-            end = key.find('\\', end + 1);
-            Values.try_emplace(key.substr(0, end));
-        }
-    }
+    void CreateKey(const std::string& key) override { Values.try_emplace(key); }
 
     void WriteDefault(const std::string& key, const std::string& value) override {
         if (Values.contains(key)) Values[key] = value;
     }
 
-    void DeleteKey(const std::string& key) override {
-        const auto below = Values.lower_bound(key + '\\');
-        if (below == Values.end() || !below->first.starts_with(key + '\\')) Values.erase(key);
-    }
+    void DeleteKey(const std::string& key) override { Values.erase(key); }
 };
 
 }  // namespace fakes
