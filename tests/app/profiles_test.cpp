@@ -49,13 +49,13 @@ TEST_F(ProfilesTest, PairsAreShownUpToTheFirstEmptySlotAndPickedWithTheirFilters
 
 TEST_F(ProfilesTest, APairIsRememberedOnceInSlotAndBox) {
     Remember("/a", "/backup", "/txt", "-1");
-    Remember("/a", "/d==", "", "0");
+    Remember("/a", "/d==", "/bmp", "0");
     Remember("/a", "/backup", "/jpg/bmp", "0");
     EXPECT_EQ(Picked(0), "/a|/backup|/jpg/bmp|0");
     profiles.LoadProfiles();
     EXPECT_EQ(form.Combo1.Entries(), Texts(2, "/a"));
     EXPECT_EQ(Picked(0), "/a|/backup|/jpg/bmp|0");
-    EXPECT_EQ(Picked(1), "/a|/d==||0") << "a name that ends in what separates";
+    EXPECT_EQ(Picked(1), "/a|/d==|/bmp|0") << "a name that ends in what separates";
     form.Combo1.AddEntry("/job");
     form.Combo2.AddEntry("/backup");
     Remember("/new", "/pair", "/txt", "-1");

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "fakes/main_window.h"
+#include "grid/category_labels.h"
 #include "grid/grid_views.h"
 
 namespace grid {
@@ -62,6 +63,8 @@ TEST_F(GridTest, BarAndWheelReachEveryRow) {
 }
 
 TEST_F(GridTest, OneRowIsHoveredWithItsPathInTheLineAndOneSelected) {
+    form.sFile2[3].PointerMove({});
+    EXPECT_EQ(Marked(), "") << "no view has been filled yet";
     ShowRows(26);
     form.Table.NewList[5].Bytes2 = 0;
     form.VScroll1.Scroll(2);
@@ -79,6 +82,9 @@ TEST_F(GridTest, OneRowIsHoveredWithItsPathInTheLineAndOneSelected) {
     EXPECT_EQ(Marked(), "4S ");
     form.sSize2[4].Click();
     EXPECT_EQ(Marked(), "4h ");
+    form.Picture2.PointerMove({0, 499});
+    form.Picture2.Click();  // between the cells
+    EXPECT_EQ(Marked(), "0S ");
 }
 
 TEST_F(GridTest, ALabelShowsItsListAndAfterASyncTheResults) {
@@ -95,6 +101,8 @@ TEST_F(GridTest, ALabelShowsItsListAndAfterASyncTheResults) {
         EXPECT_EQ(form.LabelShow.Caption(), heading);
         EXPECT_EQ(Column(form.sMAC), directions) << heading;
     };
+    form.LabelAllFile.PointerMove({});
+    EXPECT_EQ(form.LabelAllFile.ForeColor(), CategoryLabels::kPointedColor);
     form.Command3.Click();
     expectView(form.LabelChgFile, "Modified Files:  2", {"Replace -->", "<-- Replace"});
     expectView(form.LabelAllFile, "Same Files:  1", {"---/---/---"});
@@ -118,6 +126,8 @@ TEST_F(GridTest, ALabelShowsItsListAndAfterASyncTheResults) {
     form.Table.NewChgList[1].Code = 11;
     ClickMenu("mnuDoubleSync");
     expectView(form.LabelNewFile, "Sync from Folder 1 to 2:  2", {"--> OK -->", "--> OK -->"});
+    ClickMenu("mnuChangedFile");
+    EXPECT_EQ(form.LabelShow.Caption(), "Modified Files:  2") << "as before";
     expectView(form.LabelNewChgFile, "Sync Failed Files:  2", {"--> Fail -->", "<-- Fail <--"});
     EXPECT_EQ(form.sMAC[1].ForeColor(), kFailText);
     expectView(

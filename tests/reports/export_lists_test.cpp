@@ -55,6 +55,9 @@ TEST_F(ExportListsTest, EachCommandWritesItsReportSaysWhereAndTheEditorOpensIt) 
     dialogs.FileNameAnswers = {" C:\\My Reports\\New Files.txt "};
     ClickMenu("mnuOpen");
     EXPECT_EQ(shell.StartedPrograms, Texts{"notepad.exe C:\\My Reports\\New Files.txt"});
+    form.Table.NewList.clear();  // only the first command needs it
+    for (const auto& [menu, kind] : cases) ClickMenu(menu);
+    EXPECT_EQ(TakeMessages(), Texts{"No data to be export.     "});
 }
 
 TEST_F(ExportListsTest, AnExistingFileIsReplacedOnlyAfterYes) {
@@ -75,9 +78,9 @@ TEST_F(ExportListsTest, AnExistingFileIsReplacedOnlyAfterYes) {
 TEST_F(ExportListsTest, HalfAReportIsRemovedWhenItWasNotThereBefore) {
     if (!platform::SystemFiles().Look("/dev/full").Exists()) GTEST_SKIP() << "no such device here";
     host.OnYield = [this](long long) { Put("dev/full", fakes::kOld, 0); };
-    // So many fit the buffer: only closing fails.
-    form.Table.SameList.assign(1500, form.Table.SameList[0]);
-    for (const bool isThere : {false, true}) {
+    // One row fits the buffer: only closing fails.
+    for (const auto& [rows, isThere] : {std::pair{1500u, false}, {1u, true}}) {
+        form.Table.SameList.assign(rows, form.Table.SameList[0]);
         EXPECT_EQ(form.Exports().Export(ReportKind::Same, "/dev/full", Overwrite::Yes),
                   ExportResult::Failed);
         EXPECT_EQ(files.StatusOf("dev/full").Exists(), isThere);

@@ -39,6 +39,10 @@ class FilterDialogTest : public fakes::MainWindowTest {
 TEST_F(FilterDialogTest, EntriesAndModeAreEditedAndKeptByOkAlone) {
     form.Filter = {"/jpg//bmp/jpg/a", true};
     Edit([this] {
+        dialog.OptionExc.Click();
+        dialog.Command3.Click();
+    });
+    Edit([this] {
         EXPECT_EQ(dialog.List1.Entries(), (Texts{"jpg", "bmp", "a"}));
         EXPECT_TRUE(dialog.OptionOnly.Value());
         dialog.Command2.Click();  // none is selected
@@ -55,19 +59,21 @@ TEST_F(FilterDialogTest, EntriesAndModeAreEditedAndKeptByOkAlone) {
     EXPECT_EQ(form.LabelFileFilter.Caption(), "Only sync files with extensions:  .jpg .txt . doc ");
     EXPECT_TRUE(registry.Values.rbegin()->second.ends_with("==========/jpg/txt/ doc ==========-1"));
     Edit([this] {
-        dialog.List1.Select(2);
-        for (int i = 0; i < 3; ++i) dialog.Command2.Click();
-        dialog.CommandOK.Click();
-        EXPECT_EQ(TakeMessages(), Texts{"Please input the file extensions.   "});
-        dialog.OptionExc.Click();
-        dialog.Command3.Click();
-    });
-    EXPECT_TRUE(form.Filter.FilterOnlyMode);
-    Edit([this] {
+        EXPECT_EQ(dialog.TextAddto.Text(), "");
         dialog.OptionExc.Click();
         dialog.CommandOK.Click();
     });
     EXPECT_EQ(form.LabelFileFilter.Caption(), "Sync all files excluding:  .jpg .txt . doc ");
+    Edit([this] {
+        dialog.List1.Select(2);
+        for (int i = 0; i < 3; ++i) dialog.Command2.Click();
+        dialog.OptionOnly.Click();
+        dialog.CommandOK.Click();
+        EXPECT_EQ(TakeMessages(), Texts{"Please input the file extensions.   "});
+        dialog.OptionExc.Click();
+        dialog.CommandOK.Click();
+    });
+    EXPECT_EQ(form.LabelFileFilter.Caption(), "Sync all type of file.");
 }
 
 }  // namespace

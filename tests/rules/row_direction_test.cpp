@@ -58,12 +58,14 @@ TEST_F(RowDirectionTest, OpensOnARowThatHasADirectionAndGoesWhenAnotherViewComes
     form.Table.SameList.assign(60, form.Table.SameList[0]);
     Open(form.LabelAllFile, 14);
     EXPECT_EQ(form.Picture3.Place().Top, 3080) << "above the row, which is far down";
+    EXPECT_EQ(form.sMAC[14].BackColor(), grid::kSelectedBack);
     form.VScroll1.Scroll(30);
     EXPECT_FALSE(form.Picture3.Visible());
     form.sMAC[7].Click();
     form.Option1.Click();
     form.Command2.Click();
     EXPECT_EQ(form.Table.SameList[37].Code, 21) << "counted from the top of the list";
+    EXPECT_EQ(form.sMAC[7].Caption(), "Replace -->");
     for (const char* other : {"LabelAllFile", "Command3", "Command4"}) {
         Open(form.LabelNewFile, 0);
         form.Window.Find(other)->Click();
@@ -79,9 +81,11 @@ TEST_F(RowDirectionTest, ShowsTheFilesAndWhatCanBeDone) {
     const std::string old = platform::FormatFileTime(kOld),
                       recent = platform::FormatFileTime(fakes::kNew);
     EXPECT_EQ(Said(form.LabelNewFile, 0, "1"), "1/n0|New|" + old + "||1  byte *");
+    EXPECT_EQ(Said(form.LabelNewFile, 0, "2"), "|||| -");
     EXPECT_EQ(Said(form.LabelNewChgFile, 1, "1"), "|||| -");
     EXPECT_EQ(Said(form.LabelNewChgFile, 1, "2"), "2/n1|New|" + old + "||1  byte *");
     EXPECT_EQ(form.Option2.Caption(), "Copy File 2 to Folder 1 <--");
+    EXPECT_EQ(Said(form.LabelChgFile, 0, "2"), "2/c0|Older|" + old + "|Smaller|10  byte");
     EXPECT_EQ(Said(form.LabelChgFile, 1, "1"), "1/c1|Older|" + old + "||1  byte");
     EXPECT_EQ(Said(form.LabelNewChgFile, 2, "1"), "1/c0|Newer|" + recent + "|Larger|9  byte *");
     EXPECT_EQ(form.Option1.Caption(), "Replace File 2 with File 1 -->");
