@@ -52,8 +52,8 @@ TEST_F(ProfilesTest, APairIsRememberedOnceInSlotAndBox) {
     Remember("/a", "/d==", "/bmp", "0");
     Remember("/a", "/backup", "/jpg/bmp", "0");
     EXPECT_EQ(Picked(0), "/a|/backup|/jpg/bmp|0");
-    profiles.LoadProfiles();
     EXPECT_EQ(form.Combo1.Entries(), Texts(2, "/a"));
+    profiles.LoadProfiles();
     EXPECT_EQ(Picked(0), "/a|/backup|/jpg/bmp|0");
     EXPECT_EQ(Picked(1), "/a|/d==|/bmp|0") << "a name that ends in what separates";
     form.Combo1.AddEntry("/job");

@@ -137,6 +137,7 @@ TEST(RunningCommand, AnExportIsOneAndHoveringGoesOn) {
     window.AtYield(1, [&] {
         TryEveryCommand(window);
         form.sFile1[2].PointerMove({});
+        window.host.Show(form.FilterDialog.FormFilter);  // goes along
         window.ClickMenu("mnuExit");
     });
     window.ClickMenu("mnuExportNew");

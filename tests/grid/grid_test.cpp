@@ -54,6 +54,7 @@ TEST_F(GridTest, BarAndWheelReachEveryRow) {
     };
     for (const auto& c : cases) {
         ShowRows(static_cast<std::size_t>(c.Rows));
+        EXPECT_EQ(form.VScroll1.Value(), 0);
         EXPECT_EQ(form.VScroll1.Maximum(), c.Maximum);
         form.VScroll1.Scroll(c.ScrolledTo);
         form.Window.OnWheel(c.Wheel);
@@ -128,6 +129,8 @@ TEST_F(GridTest, ALabelShowsItsListAndAfterASyncTheResults) {
     expectView(form.LabelNewFile, "Sync from Folder 1 to 2:  2", {"--> OK -->", "--> OK -->"});
     ClickMenu("mnuChangedFile");
     EXPECT_EQ(form.LabelShow.Caption(), "Modified Files:  2") << "as before";
+    ClickMenu("mnuAllFile");
+    EXPECT_EQ(form.LabelShow.Caption(), "Synchronized Files:  6");
     expectView(form.LabelNewChgFile, "Sync Failed Files:  2", {"--> Fail -->", "<-- Fail <--"});
     EXPECT_EQ(form.sMAC[1].ForeColor(), kFailText);
     expectView(

@@ -43,6 +43,7 @@ TEST_F(FilterDialogTest, EntriesAndModeAreEditedAndKeptByOkAlone) {
         dialog.Command3.Click();
     });
     Edit([this] {
+        EXPECT_GT(dialog.FormFilter.Bounds.Top, form.Window.Bounds.Top);
         EXPECT_EQ(dialog.List1.Entries(), (Texts{"jpg", "bmp", "a"}));
         EXPECT_TRUE(dialog.OptionOnly.Value());
         dialog.Command2.Click();  // none is selected
@@ -60,10 +61,12 @@ TEST_F(FilterDialogTest, EntriesAndModeAreEditedAndKeptByOkAlone) {
     EXPECT_TRUE(registry.Values.rbegin()->second.ends_with("==========/jpg/txt/ doc ==========-1"));
     Edit([this] {
         EXPECT_EQ(dialog.TextAddto.Text(), "");
+        EXPECT_TRUE(dialog.TextAddto.Accepts(U'\x16')) << "pasting by keys";
         dialog.OptionExc.Click();
         dialog.CommandOK.Click();
     });
     EXPECT_EQ(form.LabelFileFilter.Caption(), "Sync all files excluding:  .jpg .txt . doc ");
+    EXPECT_EQ(form.LabelFileFilter.ToolTip(), "Copy all files excluding:  .jpg .txt . doc ");
     Edit([this] {
         dialog.List1.Select(2);
         for (int i = 0; i < 3; ++i) dialog.Command2.Click();

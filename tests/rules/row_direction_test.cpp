@@ -84,11 +84,13 @@ TEST_F(RowDirectionTest, ShowsTheFilesAndWhatCanBeDone) {
     EXPECT_EQ(Said(form.LabelNewFile, 0, "2"), "|||| -");
     EXPECT_EQ(Said(form.LabelNewChgFile, 1, "1"), "|||| -");
     EXPECT_EQ(Said(form.LabelNewChgFile, 1, "2"), "2/n1|New|" + old + "||1  byte *");
-    EXPECT_EQ(form.Option2.Caption(), "Copy File 2 to Folder 1 <--");
+    EXPECT_EQ(form.Option1.Caption() + form.Option2.Caption(),
+              "Copy File 1 to Folder 2 -->Copy File 2 to Folder 1 <--");
     EXPECT_EQ(Said(form.LabelChgFile, 0, "2"), "2/c0|Older|" + old + "|Smaller|10  byte");
     EXPECT_EQ(Said(form.LabelChgFile, 1, "1"), "1/c1|Older|" + old + "||1  byte");
     EXPECT_EQ(Said(form.LabelNewChgFile, 2, "1"), "1/c0|Newer|" + recent + "|Larger|9  byte *");
-    EXPECT_EQ(form.Option1.Caption(), "Replace File 2 with File 1 -->");
+    EXPECT_EQ(form.Option1.Caption() + form.Option2.Caption(),
+              "Replace File 2 with File 1 -->Replace File 1 with File 2 <--");
     EXPECT_EQ(Said(form.LabelAllFile, 0, "2"), "2/s0||" + old + "||2  byte");
     EXPECT_TRUE(form.Option3.Value());
 }
