@@ -93,6 +93,8 @@ TEST_F(WindowTest, TheKeyboardReachesEverythingAndAReportIsSavedWhereTheDialogSa
         TypeKeys(Files.Path(name));
         PressKeys({VK_RETURN});
     };
+    PressKeys({VK_F10, VK_DOWN, VK_RETURN});
+    Answer("Export file name to a text file", IDCANCEL);  // exports nothing
     run(4, "Export file name to a text file", "a größe");
     EXPECT_EQ(Answer("Information", IDNO), "The same filename exist, overwrite it?");
     EXPECT_EQ(Files.Read("a größe.txt"), "what was there");

@@ -1,6 +1,5 @@
 #include "window/window_driver.h"
 
-#include <iterator>
 #include <optional>
 #include <stdexcept>
 

@@ -133,8 +133,8 @@ class WindowTest : public testing::Test, protected Form {
             Files.WriteFile(name, "newer");
     }
 
-    // The two folders as a command line.
-    std::string Pair() const { return Files.Path("1") + " , " + Files.Path("2"); }
+    // The two folders as one argument.
+    std::string Pair() const { return '"' + Files.Path("1") + " , " + Files.Path("2") + '"'; }
 
     const fakes::TempFolder Files;
 
