@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -87,6 +88,16 @@ TEST(Architecture, AFileIncludesLowerFloorsAlone) {
                     MayInclude(path, directive.substr(9, directive.size() - 10)))
             << path << ": " << directive;
     }
+}
+
+TEST(Architecture, NoFileIncludesItselfByWayOfOthers) {
+    std::multimap<std::string, std::string> open;
+    for (const auto& [path, directive] : kDirectives)
+        if (directive.starts_with("#include\""))
+            open.emplace(path, directive.substr(9, directive.size() - 10));
+    const auto leadsNowhere = [&](const auto& include) { return !open.contains(include.second); };
+    while (std::erase_if(open, leadsNowhere) != 0) continue;
+    for (const auto& [path, include] : open) ADD_FAILURE() << path << " includes " << include;
 }
 
 TEST(Architecture, WhatIsOfOneSystemOrOneRoomStandsInItsPlace) {
