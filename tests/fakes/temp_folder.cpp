@@ -50,10 +50,6 @@ void TempFolder::MakeFolder(std::string_view relative) const {
     Check(files.CreateFolder(Path(relative)).Ok(), relative);
 }
 
-void TempFolder::SetReadOnly(std::string_view relative) const {
-    fs::permissions(Path(relative), fs::perms(0444));
-}
-
 std::optional<std::string> TempFolder::Read(std::string_view relative) const {
     if (!files.Look(Path(relative)).Exists()) return std::nullopt;
     std::fstream file = Open(relative, std::ios::in);

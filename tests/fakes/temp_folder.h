@@ -36,8 +36,6 @@ class TempFolder {
     // The modification time of a file.
     void SetTime(std::string_view relative, platform::FileTime time) const;
 
-    void SetReadOnly(std::string_view relative) const;  // a file with an ASCII path
-
     // A file's bytes; nothing when it is missing or a folder.
     std::optional<std::string> Read(std::string_view relative) const;
 
