@@ -46,9 +46,11 @@ TEST_F(DisturbedSync, LosesNothingWhicheverCallFailsOrSaysSoOrDoesOnlyHalf) {
 }
 
 // One that only tidies up must not take the other's temporary file for a leftover, be it as young
-// as it may. Both look for a free slot at the same time.
+// as it may, so it does not itself copy to Folder 2. Both look for a free slot at the same time.
 TEST_F(DisturbedSync, AnotherOneLeavesEveryFileWholeAndBothPairsAreRemembered) {
-    const Act runOther = [](const Moment&) { EXPECT_LE(Cli("sync one two/.").Status, 1); };
+    const Act runOther = [](const Moment&) {
+        EXPECT_LE(Cli("sync --mode=right one two/.").Status, 1);
+    };
     Disturb("sync --format=json one/. two", 200, BeforeEachCall(runOther),
             [&](const cli::Ended& run, const Moment&) {
                 EXPECT_EQ(run.Status, 0) << run;
