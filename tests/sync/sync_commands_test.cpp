@@ -142,8 +142,9 @@ TEST_F(SyncCommandsTest, SuccessIsToldFromTheFilesAndNearTimesCountAfterACopyAlo
         {11, 31, {{100, 500'000'000}, 8}, false, true},
         {11, 31, {}, false, true},  // both are gone
     };
-    const std::string root1 = fakes::FakeFiles::Path("1/"), root2 = fakes::FakeFiles::Path("2/");
-    const compare::FolderPair roots{nullptr, root1, root2};
+    Put("1/a");
+    form.Command3.Click();
+    compare::CompareItem item = form.Table.NewList.at(0);
     compare::CompareTable& table = form.Table;
     SyncRefresh refresh(
         table, files,
@@ -151,8 +152,8 @@ TEST_F(SyncCommandsTest, SuccessIsToldFromTheFilesAndNearTimesCountAfterACopyAlo
     for (const auto& c : cases) {
         files.AddFile("1/a", c.File2.Exists() ? kFile : FileStatus{});
         files.AddFile("2/a", c.File2);
-        compare::CompareItem item = fakes::Item(roots, "a", c.Code);
-        if (!c.AlikeBefore) item.Time1 = {1, 0};
+        item.Code = c.Code;
+        item.Time2 = c.AlikeBefore ? item.Time1 : platform::FileTime();
         refresh.Begin();
         refresh.Examine(item, c.Copied);
         const compare::CompareItem& now = table.SyncAllList.at(0);
