@@ -82,6 +82,10 @@ TEST_F(WindowTest, TheKeyboardReachesEverythingAndAReportIsSavedWhereTheDialogSa
         PressKeys({VK_TAB});
         WaitForFocus(name);
     }
+    ::keybd_event(VK_SHIFT, 0, 0, 0);
+    PressKeys({VK_TAB});
+    ::keybd_event(VK_SHIFT, 0, KEYEVENTF_KEYUP, 0);
+    WaitForFocus("Command4");
 
     // The entry of the file menu asks for the name of a file.
     const auto run = [&](int entry, const std::string& title, const std::string& name) {

@@ -74,6 +74,9 @@ struct Form {
 
 inline constexpr char kHistory[] = "SOFTWARE\\SystemInfoFolderCS1993";
 
+// Where the scale of the screen is set.
+inline constexpr char kDesktop[] = "Control Panel\\Desktop", kDpi[] = "LogPixels";
+
 // The backs of rows of the grid.
 inline constexpr COLORREF kRested = 0xFFFFC0, kHovered = 0xFFFF80, kSelected = 0x008000;
 
@@ -84,6 +87,7 @@ class WindowTest : public testing::Test, protected Form {
         if (!std::getenv("VARNEL_WINE_SESSION"))
             GTEST_SKIP() << "takes the pointer, history and scale: only in a session of its own";
         ::RegDeleteTreeA(HKEY_LOCAL_MACHINE, kHistory);
+        ::RegDeleteKeyValueA(HKEY_CURRENT_USER, kDesktop, kDpi);
         Files.MakeFolder("1");
         Files.MakeFolder("2");
     }

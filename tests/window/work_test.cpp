@@ -87,7 +87,6 @@ TEST_F(WindowTest, ASyncKeepsTheWindowAliveAndIsStoppedOrClosed) {
 
 // At 150 % pixels are no whole number of the window's own units.
 TEST_F(WindowTest, RowsFillTheirPixelsAndAreScrolledByWheelKeysAndBar) {
-    constexpr char kDesktop[] = "Control Panel\\Desktop", kDpi[] = "LogPixels";
     constexpr DWORD kDotsPerInch = 144;
     for (int i = 0; i < 60; ++i) Files.WriteFile("1/" + std::to_string(i), "content");
     ::RegSetKeyValueA(HKEY_CURRENT_USER, kDesktop, kDpi, REG_DWORD, &kDotsPerInch, 4);

@@ -1,7 +1,5 @@
 #include "platform/win32/menu_bar.h"
 
-#include <algorithm>
-
 #include "platform/win32/text_conversion.h"
 
 namespace platform::win32 {
@@ -31,13 +29,6 @@ bool MenuBar::Run(WORD command) const {
     const MenuItem& item = *entries_[static_cast<std::size_t>(command - kFirstCommand)];
     if (item.OnClick) item.OnClick();
     return true;
-}
-
-WORD MenuBar::CommandOf(std::string_view name) const {
-    const auto entry = std::find_if(entries_.begin(), entries_.end(),
-                                    [&](const MenuItem* item) { return item->Name == name; });
-    if (entry == entries_.end()) return 0;
-    return static_cast<WORD>(kFirstCommand + (entry - entries_.begin()));
 }
 
 }  // namespace platform::win32

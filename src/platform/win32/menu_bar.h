@@ -1,7 +1,6 @@
 // A form's menu bar.
 #pragma once
 
-#include <string_view>
 #include <vector>
 
 #include <windows.h>
@@ -21,9 +20,6 @@ class MenuBar {
 
     // Does what the entry is for. False when no entry has this command.
     bool Run(WORD command) const;
-
-    // 0 when no entry has this name.
-    WORD CommandOf(std::string_view name) const;
 
   private:
     HMENU Build(const std::vector<MenuItem>& items, HMENU menu);
