@@ -53,8 +53,6 @@ struct MainWindow {
         form.Combo1.Edit(FakeFiles::Path("1"));
         form.Combo2.Edit(FakeFiles::Path("2"));
     }
-    MainWindow(const MainWindow&) = delete;
-    MainWindow& operator=(const MainWindow&) = delete;
 
     // A file "1/sub/a". By default its time is kOld and its size 1.
     void Put(const std::string& name, platform::FileTime time = kOld, std::int64_t size = 1) {

@@ -37,10 +37,12 @@ std::string TempFolder::Path(std::string_view relative) const {
     return path;
 }
 
-void TempFolder::WriteFile(std::string_view relative, std::string_view content) const {
+void TempFolder::WriteFile(std::string_view relative, std::string_view content,
+                           std::optional<platform::FileTime> time) const {
     const std::size_t slash = relative.rfind('/');
     if (slash != relative.npos) MakeFolder(relative.substr(0, slash));
     Check(bool(Open(relative, std::ios::out) << content << std::flush), relative);
+    if (time) SetTime(relative, *time);
 }
 
 void TempFolder::MakeFolder(std::string_view relative) const {

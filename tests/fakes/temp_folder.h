@@ -25,12 +25,8 @@ class TempFolder {
     std::string Path(std::string_view relative = {}) const;
 
     // Missing folders above are made; an existing file is overwritten.
-    void WriteFile(std::string_view relative, std::string_view content) const;
     void WriteFile(std::string_view relative, std::string_view content,
-                   platform::FileTime time) const {
-        WriteFile(relative, content);
-        SetTime(relative, time);
-    }
+                   std::optional<platform::FileTime> time = {}) const;
     void MakeFolder(std::string_view relative) const;
 
     // The modification time of a file.
