@@ -77,14 +77,16 @@ TEST_F(DisturbedSync, AnInterruptStopsARunWhichPrintsWhatItFoundOrDidAndASecondO
         });
     };
     Before = {{"one/a", {kNoon, "1"}}, {"one/sub/b", {kNoon, "2"}}};
-    EXPECT_EQ(interrupted("sync one two", "P0/default", {SIGTERM}).Status, 130);
+    EXPECT_EQ(interrupted("sync one two", "sub", {SIGINT}).Status, 130);
     EXPECT_TRUE(Files("two").empty());
     EXPECT_EQ(interrupted("export new one two two/report", "sub", {SIGINT}).Status, 130);
     EXPECT_TRUE(Files("two").empty());
-    const cli::Ended compared = interrupted("compare -q --format=json one two", "sub", {SIGINT});
-    EXPECT_EQ(compared.Status, 130);
-    EXPECT_NE(compared.Output.find(R"("new": 1, "modified": 0, "same": 0, "stopped": true)"),
-              compared.Output.npos);
+    for (const auto& [path, signal] : {std::pair{"sub", SIGINT}, {"P0/default", SIGTERM}}) {
+        const cli::Ended run = interrupted("compare -q --format=json one two", path, {signal});
+        EXPECT_EQ(run.Status, 130);
+        EXPECT_NE(run.Output.find(R"("new": 1, "modified": 0, "same": 0, "stopped": true)"),
+                  run.Output.npos);
+    }
     EXPECT_EQ(interrupted("sync one two", ".varnel~", {SIGINT}),
               (cli::Ended{130, "--> OK -->    a\n", "Synchronization User Canceled.\n"}));
     EXPECT_EQ(Files("two").size(), 1u);
