@@ -47,6 +47,7 @@ class CliTest : public testing::Test, protected fakes::TempFolder {
         MakeFolder("one");
         MakeFolder("two");
     }
+    ~CliTest() override { fs::current_path("/"); }  // out of the folder that goes
 
     // As the program shows them.
     std::string One() const { return Path("one"); }
@@ -89,9 +90,11 @@ class CliTest : public testing::Test, protected fakes::TempFolder {
     // a command takes root's rights from it. What runs long is ended, so a hang is a failed test.
     // `trace`, if any, may trace the process; it waits for its end and returns its status.
     static Ended Shell(const std::string& command, const std::function<int(int)>& trace = {}) {
-        const fakes::TempFolder said;  // runs may be inside each other
-        const std::string out = said.Path("out"), error = said.Path("error"),
-                          script = "exec </dev/null >" + out + " 2>" + error + '\n' + command;
+        static const fakes::TempFolder said;
+        static int runs = 0;  // may be inside each other
+        const std::string name = std::to_string(++runs), out = name + ".out", error = name + ".err";
+        const std::string script =
+            "exec </dev/null >" + said.Path(out) + " 2>" + said.Path(error) + '\n' + command;
         const pid_t process = ::fork();
         if (process == 0) {
             if (trace) ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
@@ -105,7 +108,7 @@ class CliTest : public testing::Test, protected fakes::TempFolder {
         else
             ::waitpid(process, &status, 0);
         return {WIFSIGNALED(status) ? -WTERMSIG(status) : WEXITSTATUS(status),
-                said.Read("out").value(), said.Read("error").value()};
+                said.Read(out).value(), said.Read(error).value()};
     }
 
     // Runs the program.

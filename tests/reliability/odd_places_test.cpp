@@ -12,6 +12,24 @@ namespace fs = cli::fs;
 
 using OddPlaces = cli::CliTest;
 
+TEST_F(OddPlaces, ALinkIsWhatItLeadsToAndNoneBackUpIsEntered) {
+    for (const char* name :
+         {"far/f", "two/file", "two/folder/f", "two/link or file", "one/s/f", "one/t/g"})
+        File(name, "");
+    const std::pair<const char*, const char*> links[] = {
+        {"one/file", "../far/f"},    {"one/folder", "../far"},        {"one/broken", "nowhere"},
+        {"two/broken", "nowhere"},   {"one/link or file", "nowhere"}, {"one/s/up", ".."},
+        {"one/s/root", "../../one"}, {"one/s/to t", "../t"},          {"one/t/to s", "../s"},
+    };
+    for (const auto& [name, to] : links) fs::create_symlink(to, name);
+    const std::string rows = "for v in newchg same; do varnel-cli compare --view $v one two; done";
+    EXPECT_EQ(Shell(rows + " | LC_ALL=C sort").Output,
+              "---/---/---   file\n---/---/---   folder/f\n"
+              "<-- Copy      broken\n<-- Copy      link or file\n<-- Replace   link or file\n"
+              "Copy -->      broken\nCopy -->      s/f\nCopy -->      s/to t/g\n"
+              "Copy -->      t/g\nCopy -->      t/to s/f\n");
+}
+
 // A link to a folder is that folder: a row below it names what is reached through it.
 TEST_F(OddPlaces, AFileComesIntoItsOwnPlaceAloneAndWhatElseIsInItsWayStays) {
     const std::pair<std::string, std::string> links[] = {

@@ -130,16 +130,16 @@ class PairTest : public cli::CliTest {
 
     // Runs the program on a new pair once for each act that `plan` gives for the moments of an
     // undisturbed run: the n-th time it comes to the n-th one, which is done, and goes on alone.
-    // Far more than `runs` of them are thinned out evenly. `examine` sees how the run ended, and
-    // the moment as it was without the act. Returns how often it was called.
+    // More than `runs` of them are thinned out evenly. `examine` sees how the run ended, and the
+    // moment as it was without the act. Returns how often it was called.
     std::size_t Disturb(const std::string& arguments, std::size_t runs, const Plan& plan,
                         const std::function<void(const cli::Ended&, const Moment&)>& examine) {
         std::size_t acts = 0, done = 0;
         MakePair();
         RunTraced(arguments, [&](const Moment& now) { return acts += plan(now).size(), true; });
-        const std::size_t step = std::max<std::size_t>(acts / runs, 1) * kStride;
-        for (std::size_t i = 0; i < acts && !HasFailure(); i += step) {
-            std::size_t left = i + 1;
+        runs = std::min(runs, acts);
+        for (std::size_t i = 0; i < runs && !HasFailure(); i += kStride) {
+            std::size_t left = i * acts / runs + 1;
             Moment disturbed;
             MakePair();
             const cli::Ended run = RunTraced(arguments, [&](const Moment& now) {
@@ -154,7 +154,7 @@ class PairTest : public cli::CliTest {
             ++done;
             examine(run, disturbed);
         }
-        EXPECT_GT(done, acts / step / 2);
+        EXPECT_GT(done, runs / kStride / 2);
         return done;
     }
 
