@@ -130,7 +130,7 @@ TEST(RunningCommand, AnExportIsOneAndHoveringGoesOn) {
     const fakes::TempFolder folder;
     FilledWindow window({"Command3"}, 0, {});
     FormMain& form = window.form;
-    form.Table.NewList.assign(1500, form.Table.NewList[0]);
+    form.Table.NewList.assign(1500, compare::CompareItem(form.Table.NewList[0]));
     form.LabelNewFile.Click();
     form.VScroll1.Scroll(7);
     window.dialogs.FileNameAnswers = {folder.Path("report.txt")};

@@ -1,8 +1,6 @@
-// The real main window without a screen, on the folders "1" and "2" of a file system in memory; and
-// the rows of a comparison, made and shown in one line each.
+// The real main window without a screen, on the folders "1" and "2" of a file system in memory.
 #pragma once
 
-#include <cstring>
 #include <functional>
 #include <string>
 #include <utility>
@@ -22,17 +20,6 @@ inline constexpr platform::FileTime kOld = At(1577934245);  // 2020-01-02 03:04:
 inline constexpr platform::FileTime kNew = At(1609556645);  // a year later
 
 using Texts = std::vector<std::string>;
-
-// A row of the roots' own file `name` (a literal: the row points to it), without times and sizes.
-inline compare::CompareItem Item(const compare::FolderPair& folder, const char* name,
-                                 std::int16_t code) {
-    compare::CompareItem item;
-    item.Folder = &folder;
-    item.Name = name;
-    item.NameLength = static_cast<std::uint16_t>(std::strlen(name));
-    item.Code = code;
-    return item;
-}
 
 // "11 sub/a" for every row.
 inline std::vector<std::string> Rows(const compare::ItemList& list) {

@@ -52,6 +52,9 @@ TEST_F(ExportListsTest, EachCommandWritesItsReportSaysWhereAndTheEditorOpensIt) 
                                            Section("Modified", "1 modified", "2/c"));
     EXPECT_EQ(folder.Read("New and Modified"),
               *folder.Read("New") + " \r\n" + kRule + *folder.Read("Modified"));
+    EXPECT_EQ(folder.Read("Same"), "Same files in folder 1 / folder 2 :  \r\n \r\n" +
+                                       FakeFiles::Path("1/s") +
+                                       "\r\n \r\n     1 same files.\r\n \r\n");
     dialogs.FileNameAnswers = {" C:\\My Reports\\New Files.txt "};
     ClickMenu("mnuOpen");
     EXPECT_EQ(shell.StartedPrograms, Texts{"notepad.exe C:\\My Reports\\New Files.txt"});
@@ -60,27 +63,13 @@ TEST_F(ExportListsTest, EachCommandWritesItsReportSaysWhereAndTheEditorOpensIt) 
     EXPECT_EQ(TakeMessages(), Texts{"No data to be export.     "});
 }
 
-TEST_F(ExportListsTest, AnExistingFileIsReplacedOnlyAfterYes) {
-    const std::string report = "Same files in folder 1 / folder 2 :  \r\n \r\n" +
-                               FakeFiles::Path("1/s") + "\r\n \r\n     1 same files.\r\n \r\n";
-    ExportLists lists({form.Table, platform::SystemFiles(), host, dialogs, shell, "Varnel"});
-    folder.WriteFile("r", "old");
-    for (const bool answer : {false, true}) {
-        dialogs.YesNoAnswer = answer;
-        dialogs.FileNameAnswers = {folder.Path("r")};
-        lists.mnuExportSame();
-        EXPECT_EQ(TakeMessages().at(0), "The same filename exist, overwrite it?");
-        EXPECT_EQ(folder.Read("r"), answer ? report : "old");
-    }
-}
-
 // On a device where every write fails for want of space. The device itself must stay.
 TEST_F(ExportListsTest, HalfAReportIsRemovedWhenItWasNotThereBefore) {
     if (!platform::SystemFiles().Look("/dev/full").Exists()) GTEST_SKIP() << "no such device here";
     host.OnYield = [this](long long) { Put("dev/full", fakes::kOld, 0); };
     // One row fits the buffer: only closing fails.
     for (const auto& [rows, isThere] : {std::pair{1500u, false}, {1u, true}}) {
-        form.Table.SameList.assign(rows, form.Table.SameList[0]);
+        form.Table.SameList.assign(rows, compare::CompareItem(form.Table.SameList[0]));
         EXPECT_EQ(form.Exports().Export(ReportKind::Same, "/dev/full", Overwrite::Yes),
                   ExportResult::Failed);
         EXPECT_EQ(files.StatusOf("dev/full").Exists(), isThere);

@@ -55,7 +55,7 @@ class RowDirectionTest : public fakes::MainWindowTest {
 
 // The panel knows its row by the row's number in the list that was shown.
 TEST_F(RowDirectionTest, OpensOnARowThatHasADirectionAndGoesWhenAnotherViewComes) {
-    form.Table.SameList.assign(60, form.Table.SameList[0]);
+    form.Table.SameList.assign(60, compare::CompareItem(form.Table.SameList[0]));
     Open(form.LabelAllFile, 14);
     EXPECT_EQ(form.Picture3.Place().Top, 3080) << "above the row, which is far down";
     EXPECT_EQ(form.sMAC[14].BackColor(), grid::kSelectedBack);
