@@ -187,6 +187,13 @@ TEST_F(CliTest, OutputThatCannotBeWrittenIsStatusTwoAndStopsNoSync) {
             MakeRows();
             EXPECT_EQ(Cli(command + output).Status, 2) << command << output;
         }
+    const std::string command =
+        "ulimit -f 0; exec >/dev/null 2>&1; exec varnel-cli export --force --no-history same one "
+        "two ";
+    File("empty", "");  // half a report would pass for a whole one
+    for (const char* report : {"empty", "half"})
+        EXPECT_EQ(Shell(command + report).Status, 2) << report;
+    EXPECT_EQ(Content("empty") + Content("half"), "(none)");
     EXPECT_EQ(Content("two/left.txt") + Content("one/changed.txt"), "122");
     EXPECT_EQ(Files("one").size() + Files("two").size(), 8u);
     EXPECT_EQ(Slot(0), One() + "==========" + Two() + "====================0");

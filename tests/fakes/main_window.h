@@ -85,14 +85,6 @@ struct MainWindow {
         return all;
     }
 
-    // What a column of the grid shows, up to its last text.
-    static Texts Column(const grid::ResultsGrid::Cells& cells) {
-        Texts texts;
-        for (const platform::Label& cell : cells) texts.push_back(cell.Caption());
-        while (!texts.empty() && texts.back().empty()) texts.pop_back();
-        return texts;
-    }
-
     FakeFiles files;
     MemoryRegistry registry;
     platform::headless::Host host;

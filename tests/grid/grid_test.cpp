@@ -97,11 +97,12 @@ TEST_F(GridTest, ALabelShowsItsListAndAfterASyncTheResults) {
     files.RefusesCopy = [](const std::string& from, const std::string&) {
         return from == "1/s/no" || from == "2/s/no2";
     };
-    const auto expectView = [this](platform::Label& label, const char* heading,
-                                   const Texts& directions) {
+    const auto expectView = [this](platform::Label& label, const char* heading, Texts directions) {
         label.Click();
         EXPECT_EQ(form.LabelShow.Caption(), heading);
-        EXPECT_EQ(Column(form.sMAC), directions) << heading;
+        directions.resize(kPageRows);  // the other rows are empty
+        for (std::size_t row = 0; row < kPageRows; ++row)
+            EXPECT_EQ(form.sMAC[row].Caption(), directions[row]) << heading << row;
     };
     form.LabelAllFile.PointerMove({});
     EXPECT_EQ(form.LabelAllFile.ForeColor(), CategoryLabels::kPointedColor);

@@ -33,7 +33,7 @@ TEST_F(DisturbedSync, KilledFiveHundredTimesLeavesEveryFileOldOrNewAndTheNextRun
 // A file system far away may do what it is asked and say that it failed, when its answer gets lost,
 // or do less than it was asked.
 TEST_F(DisturbedSync, LosesNothingWhicheverCallFailsOrSaysSoOrDoesOnlyHalf) {
-    ExpectSurvived(kEach, [](const Moment& now) {
+    ExpectSurvived(SIZE_MAX, [](const Moment& now) {
         std::vector<Act> acts;
         for (const auto& [error, calls] : kErrors)
             if (now.After ? now.Result == 0 && error == EIO
@@ -110,18 +110,20 @@ TEST_F(ChangingFiles, ASourceIsCopiedAsItWasOrAsItIsOrNotAtAll) {
         const Act act = [&](const Moment&) {
             EXPECT_EQ(Shell("for f in one/*; do " + change + "; done").Status, 0);
         };
-        Disturb(Sync(), kEach, BeforeEachCall(act), [&](const cli::Ended& run, const Moment& at) {
-            for (const auto& [name, old] : targets) {
-                const std::string source = Content("one/" + name), target = Content("two/" + name);
-                const std::string path = Path("one/" + name);
-                EXPECT_TRUE(target == old || target == before || target == source) << name;
-                const bool done =
-                    run.Output.find("OK -->\", \"path1\": \"" + path) != run.Output.npos;
-                // The last look at a source is the one at the result of its row.
-                EXPECT_TRUE(!done || at.Index >= looks.at(path) || target == source) << name;
-            }
-            for (const auto& [name, content] : Files("two")) EXPECT_NE(name[0], '.') << name;
-        });
+        Disturb(
+            Sync(), SIZE_MAX, BeforeEachCall(act), [&](const cli::Ended& run, const Moment& at) {
+                for (const auto& [name, old] : targets) {
+                    const std::string source = Content("one/" + name),
+                                      target = Content("two/" + name);
+                    const std::string path = Path("one/" + name);
+                    EXPECT_TRUE(target == old || target == before || target == source) << name;
+                    const bool done =
+                        run.Output.find("OK -->\", \"path1\": \"" + path) != run.Output.npos;
+                    // The last look at a source is the one at the result of its row.
+                    EXPECT_TRUE(!done || at.Index >= looks.at(path) || target == source) << name;
+                }
+                for (const auto& [name, content] : Files("two")) EXPECT_NE(name[0], '.') << name;
+            });
     }
 }
 

@@ -36,9 +36,6 @@ inline std::string Bytes(std::size_t size, char seed) {
     return bytes;
 }
 
-// As many runs of Disturb as there are acts.
-inline constexpr std::size_t kEach = SIZE_MAX;
-
 // What is done to a run at one of its moments.
 using Act = std::function<void(const Moment&)>;
 using Plan = std::function<std::vector<Act>(const Moment&)>;
@@ -130,8 +127,8 @@ class PairTest : public cli::CliTest {
 
     // Runs the program on a new pair once for each act that `plan` gives for the moments of an
     // undisturbed run: the n-th time it comes to the n-th one, which is done, and goes on alone.
-    // More than `runs` of them are thinned out evenly. `examine` sees how the run ended, and the
-    // moment as it was without the act. Returns how often it was called.
+    // More than `runs` of them are thinned out evenly. `examine` sees how the
+    // run ended, and the moment as it was without the act. Returns how often it was called.
     std::size_t Disturb(const std::string& arguments, std::size_t runs, const Plan& plan,
                         const std::function<void(const cli::Ended&, const Moment&)>& examine) {
         std::size_t acts = 0, done = 0;

@@ -21,20 +21,14 @@ std::string Section(const std::string& title, const std::string& count, const st
            ".\r\n \r\n";
 }
 
-// In the window's own files, those in memory, no report exists.
-class ExportListsTest : public fakes::MainWindowTest {
-  protected:
-    ExportListsTest() {
-        for (const char* name : {"1/caf\xe9\n", "2/b", "1/c"}) Put(name);
-        Put("2/c", fakes::kNew);
-        PutBoth("s");
-        form.Command3.Click();
-    }
-
-    fakes::TempFolder folder;
-};
+using ExportListsTest = fakes::MainWindowTest;
 
 TEST_F(ExportListsTest, EachCommandWritesItsReportSaysWhereAndTheEditorOpensIt) {
+    for (const char* name : {"1/caf\xe9\n", "2/b", "1/c"}) Put(name);
+    Put("2/c", fakes::kNew);
+    PutBoth("s");
+    form.Command3.Click();
+    const fakes::TempFolder folder;
     const std::pair<const char*, std::string> cases[] = {{"mnuExportNew", "New"},
                                                          {"mnuExportModify", "Modified"},
                                                          {"mnuExportNewModify", "New and Modified"},
@@ -61,21 +55,6 @@ TEST_F(ExportListsTest, EachCommandWritesItsReportSaysWhereAndTheEditorOpensIt) 
     form.Table.NewList.clear();  // only the first command needs it
     for (const auto& [menu, kind] : cases) ClickMenu(menu);
     EXPECT_EQ(TakeMessages(), Texts{"No data to be export.     "});
-}
-
-// On a device where every write fails for want of space. The device itself must stay.
-TEST_F(ExportListsTest, HalfAReportIsRemovedWhenItWasNotThereBefore) {
-    if (!platform::SystemFiles().Look("/dev/full").Exists()) GTEST_SKIP() << "no such device here";
-    host.OnYield = [this](long long) { Put("dev/full", fakes::kOld, 0); };
-    // One row fits the buffer: only closing fails.
-    for (const auto& [rows, isThere] : {std::pair{1500u, false}, {1u, true}}) {
-        form.Table.SameList.assign(rows, compare::CompareItem(form.Table.SameList[0]));
-        EXPECT_EQ(form.Exports().Export(ReportKind::Same, "/dev/full", Overwrite::Yes),
-                  ExportResult::Failed);
-        EXPECT_EQ(files.StatusOf("dev/full").Exists(), isThere);
-        Put("dev/full", fakes::kOld, 0);
-    }
-    EXPECT_EQ(TakeMessages(), Texts());
 }
 
 }  // namespace
