@@ -106,7 +106,7 @@ TEST_F(RowDirectionTest, OkWritesTheChoiceWhereTheViewSaysAndCancelNothing) {
     Open(form.LabelNewChgFile, 2);
     EXPECT_EQ(form.Window.DefaultButton, &form.Command2);
     form.Option2.Click();
-    form.Command7.Click();
+    form.Window.CancelButton->Click();  // Esc
     EXPECT_EQ(form.Window.DefaultButton, &form.Command3);
     EXPECT_EQ(Rows(form.Table.NewChgList), (Texts{"11 n0", "12 n1", "40 c0", "21 c1"}));
     EXPECT_EQ(Rows(form.Table.NewList), (Texts{"40 n0", "12 n1"}));
