@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "fakes/main_window.h"
-#include "grid/category_labels.h"
 #include "grid/grid_views.h"
 
 namespace grid {
@@ -104,8 +103,6 @@ TEST_F(GridTest, ALabelShowsItsListAndAfterASyncTheResults) {
         for (std::size_t row = 0; row < kPageRows; ++row)
             EXPECT_EQ(form.sMAC[row].Caption(), directions[row]) << heading << row;
     };
-    form.LabelAllFile.PointerMove({});
-    EXPECT_EQ(form.LabelAllFile.ForeColor(), CategoryLabels::kPointedColor);
     form.Command3.Click();
     expectView(form.LabelChgFile, "Modified Files:  2", {"Replace -->", "<-- Replace"});
     expectView(form.LabelAllFile, "Same Files:  1", {"---/---/---"});

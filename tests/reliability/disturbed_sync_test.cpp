@@ -28,6 +28,7 @@ using ChangingFiles = PairTest;
 TEST_F(DisturbedSync, KilledFiveHundredTimesLeavesEveryFileOldOrNewAndTheNextRunFinishes) {
     const Act kill = [](const Moment& now) { ::kill(now.Process, SIGKILL); };
     EXPECT_GE(ExpectSurvived(550, [&](const Moment&) { return std::vector{kill}; }), 500 / kStride);
+    EXPECT_GT(Leftovers, 0u) << "no kill hit a copy";
 }
 
 // A file system far away may do what it is asked and say that it failed, when its answer gets lost,

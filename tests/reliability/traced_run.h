@@ -48,14 +48,6 @@ inline const std::set<long> kNotOfFiles = {
     SYS_madvise, SYS_futex,           SYS_getrandom, SYS_rt_sigaction, SYS_rt_sigprocmask,
     SYS_sysinfo, SYS_clock_nanosleep, SYS_geteuid,   SYS_exit_group};
 
-inline std::string TextAt(int process, std::uint64_t address) {
-    std::ifstream memory("/proc/" + std::to_string(process) + "/mem");
-    memory.seekg(static_cast<std::streamoff>(address));
-    std::string text;
-    std::getline(memory, text, '\0');
-    return text;
-}
-
 // Where the process stands now.
 inline void Look(Moment& moment) {
     __ptrace_syscall_info info{};
@@ -66,8 +58,11 @@ inline void Look(Moment& moment) {
         return;
     }
     moment.Call = static_cast<long>(info.entry.nr);
-    const bool names = moment.Call == SYS_openat || moment.Call == SYS_newfstatat;
-    moment.Path = names ? TextAt(moment.Process, info.entry.args[1]) : "";
+    moment.Path.clear();
+    if (moment.Call != SYS_openat && moment.Call != SYS_newfstatat) return;
+    std::ifstream memory("/proc/" + std::to_string(moment.Process) + "/mem");
+    memory.seekg(static_cast<std::streamoff>(info.entry.args[1]));
+    std::getline(memory, moment.Path, '\0');
 }
 
 // False: the run goes on alone from here.
